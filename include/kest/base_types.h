@@ -1,0 +1,318 @@
+/*
+ * Kest Platform Base: scalar types, handles, structures and constants.
+ *
+ * Scalars keep their Windows widths on 64-bit Linux: LONG and DWORD are 32-bit, WPARAM, LPARAM and
+ * pointers 64-bit. Wide text is wchar_t, 4 bytes a character (UTF-32), so every structure that holds
+ * wide text is larger than on Windows; field order is Windows's throughout.
+ *
+ * Handles are pointers to structures that are never defined. HMODULE is HINSTANCE, HCURSOR is HICON.
+ */
+#ifndef KEST_BASE_TYPES_H
+#define KEST_BASE_TYPES_H
+
+#include <stddef.h>
+#include <wchar.h>
+
+/* ---- Scalars ---------------------------------------------------------------------------------- */
+
+typedef int BOOL;
+typedef char CHAR;
+typedef signed char INT8;
+typedef unsigned char BYTE;
+typedef unsigned char UCHAR;
+typedef unsigned char BOOLEAN;
+typedef short SHORT;
+typedef unsigned short USHORT;
+typedef unsigned short WORD;
+typedef int INT;
+typedef int LONG;
+typedef int HRESULT;
+typedef unsigned int UINT;
+typedef unsigned int ULONG;
+typedef unsigned int DWORD;
+typedef unsigned int LCID;
+typedef unsigned int LCTYPE;
+typedef unsigned int COLORREF;
+typedef unsigned int REGSAM;
+typedef unsigned short ATOM;
+typedef unsigned short LANGID;
+typedef long long LONGLONG;
+typedef unsigned long long ULONGLONG;
+typedef unsigned long long DWORDLONG;
+typedef unsigned long long DWORD64;
+typedef float FLOAT;
+typedef wchar_t WCHAR;
+typedef long INT_PTR;
+typedef long LONG_PTR;
+typedef unsigned long UINT_PTR;
+typedef unsigned long ULONG_PTR;
+typedef unsigned long DWORD_PTR;
+typedef size_t SIZE_T;
+typedef UINT_PTR WPARAM;
+typedef LONG_PTR LPARAM;
+typedef LONG_PTR LRESULT;
+
+/* ---- Pointers --------------------------------------------------------------------------------- */
+
+typedef void* PVOID;
+typedef void* LPVOID;
+typedef const void* LPCVOID;
+typedef BOOL* LPBOOL;
+typedef BYTE* LPBYTE;
+typedef BYTE* PBYTE;
+typedef WORD* LPWORD;
+typedef INT* LPINT;
+typedef UINT* PUINT;
+typedef LONG* LPLONG;
+typedef LONG* PLONG;
+typedef DWORD* LPDWORD;
+typedef DWORD* PDWORD;
+typedef CHAR* LPSTR;
+typedef const CHAR* LPCSTR;
+typedef WCHAR* LPWSTR;
+typedef WCHAR* PWSTR;
+typedef const WCHAR* LPCWSTR;
+typedef const WCHAR* PCWSTR;
+
+/* ---- Handles ---------------------------------------------------------------------------------- */
+
+typedef void* HANDLE;
+typedef HANDLE* LPHANDLE;
+typedef void* HGLOBAL;
+typedef void* HLOCAL;
+typedef void* HGDIOBJ;
+typedef struct HACCEL__* HACCEL;
+typedef struct HBITMAP__* HBITMAP;
+typedef struct HBRUSH__* HBRUSH;
+typedef struct HDC__* HDC;
+typedef struct HENHMETAFILE__* HENHMETAFILE;
+typedef struct HFONT__* HFONT;
+typedef struct HICON__* HICON;
+typedef HICON HCURSOR;
+typedef struct HIMC__* HIMC;
+typedef struct HINSTANCE__* HINSTANCE;
+typedef HINSTANCE HMODULE;
+typedef struct HKEY__* HKEY;
+typedef HKEY* PHKEY;
+typedef struct HKL__* HKL;
+typedef struct HMENU__* HMENU;
+typedef struct HMONITOR__* HMONITOR;
+typedef struct HPALETTE__* HPALETTE;
+typedef struct HRGN__* HRGN;
+typedef struct HRSRC__* HRSRC;
+typedef struct HWND__* HWND;
+
+/** An untyped code address, as GetProcAddress hands out: cast it to the function's own type. */
+typedef INT_PTR (*FARPROC)(void);
+
+/** The invalid handle: all bits set. */
+#define INVALID_HANDLE_VALUE ((HANDLE)(LONG_PTR)-1)
+
+/* ---- Common constants ------------------------------------------------------------------------- */
+
+#ifndef TRUE
+#define TRUE 1
+#endif
+#ifndef FALSE
+#define FALSE 0
+#endif
+#define MAX_PATH 260
+
+/* ---- Geometry --------------------------------------------------------------------------------- */
+
+typedef struct tagPOINT
+{
+    LONG x;
+    LONG y;
+} POINT, *PPOINT, *LPPOINT;
+
+typedef struct tagSIZE
+{
+    LONG cx;
+    LONG cy;
+} SIZE, *PSIZE, *LPSIZE;
+
+typedef struct tagRECT
+{
+    LONG left;
+    LONG top;
+    LONG right;
+    LONG bottom;
+} RECT, *PRECT, *LPRECT;
+typedef const RECT* LPCRECT;
+
+/* ---- Time ------------------------------------------------------------------------------------- */
+
+/** A 64-bit count, low word first. Which unit it counts depends on the function: see kernel.h. */
+typedef struct _FILETIME
+{
+    DWORD dwLowDateTime;
+    DWORD dwHighDateTime;
+} FILETIME, *PFILETIME, *LPFILETIME;
+
+typedef struct _SYSTEMTIME
+{
+    WORD wYear;
+    WORD wMonth;
+    WORD wDayOfWeek;
+    WORD wDay;
+    WORD wHour;
+    WORD wMinute;
+    WORD wSecond;
+    WORD wMilliseconds;
+} SYSTEMTIME, *PSYSTEMTIME, *LPSYSTEMTIME;
+
+/* ---- Security --------------------------------------------------------------------------------- */
+
+typedef struct _SECURITY_ATTRIBUTES
+{
+    DWORD nLength;
+    LPVOID lpSecurityDescriptor;
+    BOOL bInheritHandle;
+} SECURITY_ATTRIBUTES, *PSECURITY_ATTRIBUTES, *LPSECURITY_ATTRIBUTES;
+
+/* ---- Files ------------------------------------------------------------------------------------ */
+
+typedef struct _WIN32_FIND_DATAW
+{
+    DWORD dwFileAttributes;
+    FILETIME ftCreationTime;
+    FILETIME ftLastAccessTime;
+    FILETIME ftLastWriteTime;
+    DWORD nFileSizeHigh;
+    DWORD nFileSizeLow;
+    DWORD dwReserved0;
+    DWORD dwReserved1;
+    WCHAR cFileName[MAX_PATH];
+    WCHAR cAlternateFileName[14];
+} WIN32_FIND_DATAW, *PWIN32_FIND_DATAW, *LPWIN32_FIND_DATAW;
+
+/* ---- Fonts ------------------------------------------------------------------------------------ */
+
+#define LF_FACESIZE 32
+
+typedef struct tagLOGFONTW
+{
+    LONG lfHeight;
+    LONG lfWidth;
+    LONG lfEscapement;
+    LONG lfOrientation;
+    LONG lfWeight;
+    BYTE lfItalic;
+    BYTE lfUnderline;
+    BYTE lfStrikeOut;
+    BYTE lfCharSet;
+    BYTE lfOutPrecision;
+    BYTE lfClipPrecision;
+    BYTE lfQuality;
+    BYTE lfPitchAndFamily;
+    WCHAR lfFaceName[LF_FACESIZE];
+} LOGFONTW, *PLOGFONTW, *LPLOGFONTW;
+
+typedef struct tagTEXTMETRICW
+{
+    LONG tmHeight;
+    LONG tmAscent;
+    LONG tmDescent;
+    LONG tmInternalLeading;
+    LONG tmExternalLeading;
+    LONG tmAveCharWidth;
+    LONG tmMaxCharWidth;
+    LONG tmWeight;
+    LONG tmOverhang;
+    LONG tmDigitizedAspectX;
+    LONG tmDigitizedAspectY;
+    WCHAR tmFirstChar;
+    WCHAR tmLastChar;
+    WCHAR tmDefaultChar;
+    WCHAR tmBreakChar;
+    BYTE tmItalic;
+    BYTE tmUnderlined;
+    BYTE tmStruckOut;
+    BYTE tmPitchAndFamily;
+    BYTE tmCharSet;
+} TEXTMETRICW, *PTEXTMETRICW, *LPTEXTMETRICW;
+
+/** Called once a font; 0 ends the enumeration. */
+typedef int (*FONTENUMPROCW)(const LOGFONTW*, const TEXTMETRICW*, DWORD, LPARAM);
+
+/* ---- Monitors --------------------------------------------------------------------------------- */
+
+typedef struct tagMONITORINFO
+{
+    DWORD cbSize;
+    RECT rcMonitor;
+    RECT rcWork;
+    DWORD dwFlags;
+} MONITORINFO, *LPMONITORINFO;
+
+/* ---- Task dialogs ----------------------------------------------------------------------------- */
+
+typedef HRESULT (*PFTASKDIALOGCALLBACK)(HWND, UINT, WPARAM, LPARAM, LONG_PTR);
+
+/* Both task dialog structures are packed on Windows as well. */
+#pragma pack(push, 1)
+
+typedef struct _TASKDIALOG_BUTTON
+{
+    int nButtonID;
+    PCWSTR pszButtonText;
+} TASKDIALOG_BUTTON;
+
+typedef struct _TASKDIALOGCONFIG
+{
+    UINT cbSize;
+    HWND hwndParent;
+    HINSTANCE hInstance;
+    DWORD dwFlags;
+    DWORD dwCommonButtons;
+    PCWSTR pszWindowTitle;
+    union
+    {
+        HICON hMainIcon;
+        PCWSTR pszMainIcon;
+    };
+    PCWSTR pszMainInstruction;
+    PCWSTR pszContent;
+    UINT cButtons;
+    const TASKDIALOG_BUTTON* pButtons;
+    int nDefaultButton;
+    UINT cRadioButtons;
+    const TASKDIALOG_BUTTON* pRadioButtons;
+    int nDefaultRadioButton;
+    PCWSTR pszVerificationText;
+    PCWSTR pszExpandedInformation;
+    PCWSTR pszExpandedControlText;
+    PCWSTR pszCollapsedControlText;
+    union
+    {
+        HICON hFooterIcon;
+        PCWSTR pszFooterIcon;
+    };
+    PCWSTR pszFooter;
+    PFTASKDIALOGCALLBACK pfCallback;
+    LONG_PTR lpCallbackData;
+    UINT cxWidth;
+} TASKDIALOGCONFIG;
+
+#pragma pack(pop)
+
+/* ---- Locale ----------------------------------------------------------------------------------- */
+
+typedef struct _numberfmtW
+{
+    UINT NumDigits;
+    UINT LeadingZero;
+    UINT Grouping;
+    LPWSTR lpDecimalSep;
+    LPWSTR lpThousandSep;
+    UINT NegativeOrder;
+} NUMBERFMTW, *LPNUMBERFMTW;
+
+/* ---- Modules ---------------------------------------------------------------------------------- */
+
+/* Reasons that a module's DllMain is called with. */
+#define DLL_PROCESS_DETACH 0
+#define DLL_PROCESS_ATTACH 1
+
+#endif

@@ -1,0 +1,14 @@
+/*
+ * Kest Platform Base: file wrappers.
+ */
+#ifndef KEST_CRT_FILE_WRAPPERS_H
+#define KEST_CRT_FILE_WRAPPERS_H
+
+#include "kest/base_types.h"
+#include "kest/export.h"
+
+KEST_C_BEGIN
+
+KEST_C_END
+
+#endif

@@ -1,0 +1,14 @@
+/*
+ * Kest Platform Base: strings.
+ */
+#ifndef KEST_KERNEL_STRINGS_H
+#define KEST_KERNEL_STRINGS_H
+
+#include "kest/base_types.h"
+#include "kest/export.h"
+
+KEST_C_BEGIN
+
+KEST_C_END
+
+#endif

@@ -1,0 +1,14 @@
+/*
+ * Kest Platform Base: synchronisation.
+ */
+#ifndef KEST_KERNEL_SYNCHRONISATION_H
+#define KEST_KERNEL_SYNCHRONISATION_H
+
+#include "kest/base_types.h"
+#include "kest/export.h"
+
+KEST_C_BEGIN
+
+KEST_C_END
+
+#endif

@@ -1,0 +1,14 @@
+/*
+ * Kest Platform Base: time.
+ */
+#ifndef KEST_KERNEL_TIME_H
+#define KEST_KERNEL_TIME_H
+
+#include "kest/base_types.h"
+#include "kest/export.h"
+
+KEST_C_BEGIN
+
+KEST_C_END
+
+#endif

@@ -1,0 +1,13 @@
+// Programs of the test suite's own, started as processes.
+#pragma once
+
+#include <string>
+
+namespace kest::test
+{
+
+// The words that must stand in front of a program built for the target: the emulator where one is in use, else
+// nothing. Ends with a space unless empty.
+std::string emulatorPrefix();
+
+} // namespace kest::test

@@ -25,9 +25,7 @@ add_library(kest_compile_options INTERFACE)
 target_compile_options(kest_compile_options INTERFACE
     -Wall -Wextra -Wpedantic -Wconversion -Werror
     -fstack-protector-strong -fstack-clash-protection
-    $<$<CONFIG:Release>:-O2>
-    # Hardening of our own code; the answers that depend on checked entry points name them and do not rely on this.
-    $<$<AND:$<CONFIG:Release>,$<STREQUAL:${KEST_SANITIZERS},>>:-D_FORTIFY_SOURCE=2>)
+    $<$<CONFIG:Release>:-O2>)
 target_link_options(kest_compile_options INTERFACE
     -Wl,-z,relro -Wl,-z,now -Wl,-z,noexecstack)
 if(CMAKE_SYSTEM_PROCESSOR STREQUAL "x86_64")
@@ -40,6 +38,8 @@ if(KEST_SANITIZERS)
     add_compile_options(-fsanitize=${KEST_SANITIZERS} -fno-omit-frame-pointer -fno-sanitize-recover=all)
     add_link_options(-fsanitize=${KEST_SANITIZERS})
 else()
+    # Hardening of our own code; the answers that depend on checked entry points name them and do not rely on this.
+    target_compile_options(kest_compile_options INTERFACE $<$<CONFIG:Release>:-D_FORTIFY_SOURCE=2>)
     # A module with undefined symbols fails at link time, not at load time (sanitizers leave theirs to the program).
     add_link_options($<$<STREQUAL:$<TARGET_PROPERTY:TYPE>,SHARED_LIBRARY>:-Wl,-z,defs>)
 endif()

@@ -2,6 +2,7 @@
 #pragma once
 
 // Place it after the definition of `target`, in the same file (an alias needs its target there).
-// `declaration` repeats the function's declaration under any free identifier; `second` is the new symbol.
+// `declaration` repeats the function's declaration under any free identifier; `second` is the new symbol, whatever
+// the linkage: with C linkage Clang would warn of functions that return classes.
 #define KEST_SECOND_NAME(declaration, target, second)                                                                  \
-    extern "C" declaration __asm__(second) __attribute__((alias(target), visibility("default")))
+    extern declaration __asm__(second) __attribute__((alias(target), visibility("default")))

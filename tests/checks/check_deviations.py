@@ -9,6 +9,8 @@ import pathlib
 import re
 import sys
 
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "abi"))
+
 import exports_table
 
 DIFFERS = re.compile(r"@differs\{([^}]*)\}")

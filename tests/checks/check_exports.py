@@ -1,8 +1,11 @@
 """Compares the symbols that the built library exports with abi/exports.tsv, both ways."""
 
 import argparse
+import pathlib
 import subprocess
 import sys
+
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "abi"))
 
 import exports_table
 

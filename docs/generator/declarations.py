@@ -1,0 +1,107 @@
+"""Reads the public headers with libclang: every exported declaration with its contract."""
+
+import pathlib
+import re
+
+import clang.cindex as clang
+
+FUNCTIONS = {clang.CursorKind.FUNCTION_DECL, clang.CursorKind.CXX_METHOD, clang.CursorKind.CONSTRUCTOR,
+             clang.CursorKind.DESTRUCTOR, clang.CursorKind.CONVERSION_FUNCTION}
+CLASSES = {clang.CursorKind.CLASS_DECL, clang.CursorKind.STRUCT_DECL}
+SCOPES = CLASSES | {clang.CursorKind.NAMESPACE}
+TAG = re.compile(r"^@(param|return|lasterror|null|kind|differs)\b", re.MULTILINE)
+
+
+class Declaration:
+    """An exported function, member or variable: its symbols, how it reads, its contract."""
+
+    def __init__(self, cursor, header, comment):
+        self.header = header
+        self.line = cursor.extent.start.line
+        self.scope = scope_of(cursor)
+        self.name = "::".join((*self.scope, cursor.spelling))
+        self.symbols = symbols_of(cursor)
+        self.text = source_text(cursor)
+        self.contract, self.tags = read_comment(comment)
+
+    def tag(self, name):
+        return [text for tag, text in self.tags if tag == name]
+
+
+def scope_of(cursor):
+    names = []
+    parent = cursor.semantic_parent
+    while parent is not None:
+        if parent.kind in SCOPES:
+            names.insert(0, parent.spelling)
+        parent = parent.semantic_parent
+    return tuple(names)
+
+
+def symbols_of(cursor):
+    """A constructor or destructor is exported twice: for complete objects and for bases."""
+    symbol = cursor.mangled_name
+    if cursor.kind == clang.CursorKind.CONSTRUCTOR:
+        return [symbol, symbol.replace("C1E", "C2E", 1)]
+    if cursor.kind == clang.CursorKind.DESTRUCTOR:
+        return [symbol, symbol.replace("D1E", "D2E", 1)]
+    return [symbol]
+
+
+def source_text(cursor):
+    """The declaration as the header spells it, on one line, without what only concerns the compiler."""
+    lines = pathlib.Path(cursor.extent.start.file.name).read_text(encoding="utf-8").splitlines()
+    text = " ".join(lines[cursor.extent.start.line - 1:cursor.extent.end.line])
+    text = re.split(r"[;{]", text)[0]
+    return re.sub(r"\s+", " ", re.sub(r"\b(KEST_API|extern)\s+", "", text)).strip()
+
+
+def read_comment(comment):
+    """Splits a contract into its text and its tags, in order."""
+    lines = [re.sub(r"^\s*(/\*\*|\*/|\*)\s?", "", line) for line in (comment or "").splitlines()]
+    text = re.sub(r"\s*\*/\s*$", "", "\n".join(lines)).strip()
+    text = re.sub(r"(\S)\s+@kind\b", r"\1\n@kind", text)
+    pieces = TAG.split(text)
+    return pieces[0].strip(), [(pieces[index], pieces[index + 1].strip()) for index in range(1, len(pieces), 2)]
+
+
+def follows_directly(previous, cursor):
+    """Declarations without a blank line between them share the contract above the first."""
+    return previous is not None and cursor.extent.start.line - previous.extent.end.line <= 1
+
+
+def exported(cursor):
+    return any(child.kind == clang.CursorKind.VISIBILITY_ATTR for child in cursor.get_children())
+
+
+def walk(scope, include, found):
+    previous, comment = None, None
+    for cursor in scope.get_children():
+        if cursor.location.file is None or not cursor.location.file.name.startswith(str(include)):
+            continue
+        if cursor.kind in FUNCTIONS or cursor.kind == clang.CursorKind.VAR_DECL:
+            if cursor.raw_comment:
+                comment = cursor.raw_comment
+            elif not follows_directly(previous, cursor):
+                comment = scope.raw_comment if scope.kind in CLASSES else None
+            if exported(cursor):
+                header = str(pathlib.Path(cursor.location.file.name).relative_to(include))
+                found.append(Declaration(cursor, header, comment))
+            previous = cursor
+        else:
+            walk(cursor, include, found)
+
+
+def read(include):
+    """Every exported declaration below include/kest, in header order."""
+    include = pathlib.Path(include).resolve()
+    headers = sorted(path.relative_to(include) for path in (include / "kest").rglob("*.h"))
+    source = "".join(f'#include "{header}"\n' for header in headers)
+    unit = clang.Index.create().parse("all_headers.cpp", unsaved_files=[("all_headers.cpp", source)],
+                                      args=["-x", "c++", "-std=c++20", "--target=x86_64-linux-gnu", f"-I{include}"])
+    errors = [str(problem) for problem in unit.diagnostics if problem.severity >= clang.Diagnostic.Error]
+    if errors:
+        raise SystemExit("\n".join(errors))
+    found = []
+    walk(unit.cursor, include / "kest", found)
+    return found

@@ -1,0 +1,94 @@
+#include "kest/shell_paths.h"
+#include "support/text.h"
+
+#include <cstddef>
+#include <cwchar>
+#include <fnmatch.h>
+#include <string>
+#include <string_view>
+
+namespace
+{
+
+constexpr wchar_t separator = L'/';
+
+// The library's formatted output gives up beyond this length and leaves its buffer alone; results of path
+// functions keep the same limit.
+constexpr std::size_t longestResult = 524287;
+
+static_assert(FNM_CASEFOLD == 16);
+
+// Bytes of a converted pattern, its terminator included.
+constexpr std::size_t patternSize = 255;
+
+void writeResult(wchar_t* buffer, std::wstring_view text)
+{
+    if (text.size() <= longestResult)
+    {
+        std::wmemmove(buffer, text.data(), text.size());
+        buffer[text.size()] = L'\0';
+    }
+}
+
+// Composed apart from the destination, which may be one of the sources.
+void writeJoined(wchar_t* buffer, std::wstring_view first, std::wstring_view between, std::wstring_view second)
+{
+    std::wstring text;
+    text.reserve(first.size() + between.size() + second.size());
+    text.append(first).append(between).append(second);
+    writeResult(buffer, text);
+}
+
+} // namespace
+
+BOOL PathRemoveFileSpecW(wchar_t* path)
+{
+    wchar_t* const last = path != nullptr ? std::wcsrchr(path, separator) : nullptr;
+    if (last == nullptr)
+    {
+        return 0;
+    }
+    writeResult(path, {path, static_cast<std::size_t>(last - path)});
+    return 1;
+}
+
+wchar_t* PathFindFileNameW(wchar_t* path)
+{
+    const std::wstring_view text = path != nullptr ? path : L"";
+    const std::size_t last = text.rfind(separator);
+    if (last != std::wstring_view::npos)
+    {
+        // The separator's position is taken as the length of what stays.
+        writeResult(path, text.substr(text.size() - last));
+    }
+    return path;
+}
+
+BOOL PathAppendW(wchar_t* path, const wchar_t* more)
+{
+    if (path == nullptr || more == nullptr)
+    {
+        return 0;
+    }
+    const std::wstring_view text = path;
+    const bool separated = text.empty() || text.back() == separator;
+    writeJoined(path, text, separated ? L"" : L"/", more);
+    return 1;
+}
+
+wchar_t* PathCombineW(wchar_t* destination, const wchar_t* directory, const wchar_t* file)
+{
+    if (destination == nullptr || directory == nullptr || file == nullptr)
+    {
+        return nullptr;
+    }
+    writeJoined(destination, directory, L"/", file);
+    return destination;
+}
+
+BOOL PathMatchSpecW(const wchar_t* file, const wchar_t* pattern)
+{
+    const kest::NarrowText narrowFile(file);
+    const kest::FixedNarrowText<patternSize> narrowPattern(pattern);
+    return fnmatch(narrowPattern.c_str(), narrowFile.c_str(), FNM_CASEFOLD) == 0;
+}

@@ -120,7 +120,8 @@ typedef INT_PTR (*FARPROC)(void);
 
 /* ---- Geometry --------------------------------------------------------------------------------- */
 
-typedef struct tagPOINT
+/* CRect shows two of its fields as a point: the compiler must expect a rectangle to change through one. */
+typedef struct __attribute__((may_alias)) tagPOINT
 {
     LONG x;
     LONG y;

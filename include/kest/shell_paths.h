@@ -4,12 +4,71 @@
  * The functions that work on the string itself know one separator, "/"; a backslash is a character like any
  * other. They write their result over the caller's buffer, terminator included, without knowing its size: it
  * must have room. A result of more than 524287 characters is not written at all. Arguments may overlap.
+ *
+ * Forwards hand their arguments to the host's IFileSystemService as they are, null included, and the service's
+ * result back unchanged; those not called checked need an installed hub with that service. They leave the
+ * last-error value to the host.
  */
 #ifndef KEST_SHELL_PATHS_H
 #define KEST_SHELL_PATHS_H
 
 #include "kest/base_types.h"
 #include "kest/export.h"
+
+/* ---- Folders of SHGetFolderPathW -------------------------------------------------------------- */
+
+#define CSIDL_DESKTOP 0x0000
+#define CSIDL_INTERNET 0x0001
+#define CSIDL_PROGRAMS 0x0002
+#define CSIDL_CONTROLS 0x0003
+#define CSIDL_PRINTERS 0x0004
+#define CSIDL_PERSONAL 0x0005
+#define CSIDL_MYDOCUMENTS CSIDL_PERSONAL
+#define CSIDL_FAVORITES 0x0006
+#define CSIDL_STARTUP 0x0007
+#define CSIDL_RECENT 0x0008
+#define CSIDL_SENDTO 0x0009
+#define CSIDL_BITBUCKET 0x000A
+#define CSIDL_STARTMENU 0x000B
+#define CSIDL_MYMUSIC 0x000D
+#define CSIDL_MYVIDEO 0x000E
+#define CSIDL_DESKTOPDIRECTORY 0x0010
+#define CSIDL_DRIVES 0x0011
+#define CSIDL_NETWORK 0x0012
+#define CSIDL_NETHOOD 0x0013
+#define CSIDL_FONTS 0x0014
+#define CSIDL_TEMPLATES 0x0015
+#define CSIDL_COMMON_STARTMENU 0x0016
+#define CSIDL_COMMON_PROGRAMS 0x0017
+#define CSIDL_COMMON_STARTUP 0x0018
+#define CSIDL_COMMON_DESKTOPDIRECTORY 0x0019
+#define CSIDL_APPDATA 0x001A
+#define CSIDL_PRINTHOOD 0x001B
+#define CSIDL_LOCAL_APPDATA 0x001C
+#define CSIDL_COMMON_FAVORITES 0x001F
+#define CSIDL_INTERNET_CACHE 0x0020
+#define CSIDL_COOKIES 0x0021
+#define CSIDL_HISTORY 0x0022
+#define CSIDL_COMMON_APPDATA 0x0023
+#define CSIDL_WINDOWS 0x0024
+#define CSIDL_SYSTEM 0x0025
+#define CSIDL_PROGRAM_FILES 0x0026
+#define CSIDL_MYPICTURES 0x0027
+#define CSIDL_PROFILE 0x0028
+#define CSIDL_SYSTEMX86 0x0029
+#define CSIDL_PROGRAM_FILESX86 0x002A
+#define CSIDL_PROGRAM_FILES_COMMON 0x002B
+#define CSIDL_PROGRAM_FILES_COMMONX86 0x002C
+#define CSIDL_COMMON_TEMPLATES 0x002D
+#define CSIDL_COMMON_DOCUMENTS 0x002E
+#define CSIDL_COMMON_ADMINTOOLS 0x002F
+#define CSIDL_ADMINTOOLS 0x0030
+#define CSIDL_COMMON_MUSIC 0x0035
+#define CSIDL_COMMON_PICTURES 0x0036
+#define CSIDL_COMMON_VIDEO 0x0037
+#define CSIDL_FLAG_CREATE 0x8000
+#define SHGFP_TYPE_CURRENT 0
+#define SHGFP_TYPE_DEFAULT 1
 
 KEST_C_BEGIN
 
@@ -85,6 +144,58 @@ KEST_API wchar_t* PathCombineW(wchar_t* destination, const wchar_t* directory, c
  * character literally, and "*.*" demands a dot.
  */
 KEST_API BOOL PathMatchSpecW(const wchar_t* file, const wchar_t* pattern);
+
+/* ---- Paths that the host knows about ----------------------------------------------------------- */
+
+/**
+ * Tells whether text is an URL.
+ * @return not 0 when it is.
+ * @kind forward: IFileSystemService::PathIsURLW
+ */
+KEST_API BOOL PathIsURLW(const wchar_t* pszPath);
+
+/**
+ * Ends a path with a separator, unless it has one. Which separator that is, is the service's choice.
+ * @param pszPath  room for MAX_PATH characters.
+ * @return the service's answer: where the path ends, or null.
+ * @kind forward: IFileSystemService::PathAddBackslashW
+ */
+KEST_API wchar_t* PathAddBackslashW(wchar_t* pszPath);
+
+/**
+ * Asks where a folder of the user or the system is.
+ * @param nFolder  CSIDL_*.
+ * @param dwFlags  SHGFP_TYPE_*.
+ * @param pszPath  receives the path; room for MAX_PATH characters.
+ * @return S_OK, or a failure.
+ * @kind forward: IFileSystemService::SHGetFolderPathW
+ */
+KEST_API HRESULT SHGetFolderPathW(HWND hwnd, int nFolder, HANDLE hToken, DWORD dwFlags, wchar_t* pszPath);
+
+/**
+ * Makes the relative path that leads from one path to another.
+ * @param pszPath  receives the relative path; room for MAX_PATH characters.
+ * @param dwAttrFrom  FILE_ATTRIBUTE_DIRECTORY when pszFrom is a folder.
+ * @param dwAttrTo  FILE_ATTRIBUTE_DIRECTORY when pszTo is a folder.
+ * @return not 0 on success.
+ * @kind forward: IFileSystemService::PathRelativePathToW
+ */
+KEST_API BOOL PathRelativePathToW(wchar_t* pszPath, const wchar_t* pszFrom, DWORD dwAttrFrom, const wchar_t* pszTo,
+                                  DWORD dwAttrTo);
+
+/**
+ * Tells whether a path is relative.
+ * @return not 0 when it is.
+ * @kind forward: IFileSystemService::PathIsRelativeW
+ */
+KEST_API BOOL PathIsRelativeW(const wchar_t* pszPath);
+
+/**
+ * Finds the extension of a path.
+ * @return the extension's dot inside pszPath, or the terminator when there is none.
+ * @kind forward: IFileSystemService::PathFindExtensionW
+ */
+KEST_API wchar_t* PathFindExtensionW(const wchar_t* pszPath);
 
 KEST_C_END
 

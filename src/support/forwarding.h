@@ -1,4 +1,4 @@
-// The two ways in which an exported function reaches an operation of the host's services.
+// The ways in which an exported function reaches an operation of the host's services.
 #pragma once
 
 #include "kest/platform_services.h"
@@ -35,6 +35,20 @@ Result forwardChecked(Answer missing, Service* (IPlatformServices::*getter)(),
         return static_cast<Result>(missing);
     }
     return forward(getter, operation, std::forward<Arguments>(arguments)...);
+}
+
+// Checked, with one getter call: the service that was tested is the one that is called.
+template <class Answer, class Service, class Result, class... Parameters, class... Arguments>
+Result forwardCheckedOnce(Answer missing, Service* (IPlatformServices::*getter)(),
+                          Result (Service::*operation)(Parameters...), Arguments&&... arguments)
+{
+    IPlatformServices* const hub = platformServices();
+    Service* const service = hub == nullptr ? nullptr : (hub->*getter)();
+    if (service == nullptr)
+    {
+        return static_cast<Result>(missing);
+    }
+    return (service->*operation)(std::forward<Arguments>(arguments)...);
 }
 
 } // namespace kest

@@ -19,24 +19,32 @@ fail() {
 need_packages() {
     local missing=() package
     for package in "$@"; do
-        if [ "$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null)" != installed ]; then
+        if ! dpkg-query -W -f '${db:Status-Status}\n' "$package" 2>/dev/null | grep -qx installed; then
             missing+=("$package")
         fi
     done
     [ ${#missing[@]} -gt 0 ] || return 0
     step "installing ${missing[*]}"
-    local as_root=()
-    if [ "$(id -u)" -ne 0 ]; then
-        command -v sudo >/dev/null || fail "missing packages (${missing[*]}): run as root, or install sudo"
-        as_root=(sudo)
+    as_root apt-get update -qq
+    as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+}
+
+# Makes packages of another architecture installable, as NAME:ARCHITECTURE.
+need_architecture() {
+    dpkg --print-foreign-architectures | grep -qx "$1" || as_root dpkg --add-architecture "$1"
+}
+
+as_root() {
+    if [ "$(id -u)" -eq 0 ]; then
+        "$@"
+    else
+        command -v sudo >/dev/null || fail "needs root for: $*; run as root, or install sudo"
+        sudo "$@"
     fi
-    "${as_root[@]}" apt-get update -qq
-    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends \
-        "${missing[@]}" >/dev/null
 }
 
 # What every build needs, and what the tests need beside it.
-build_packages=(g++ cmake ninja-build ccache)
+build_packages=(g++ cmake ninja-build ccache libsqlite3-dev)
 test_packages=(googletest python3 clang-format clang)
 
 # Configures and builds a preset; further arguments go to the configuration.

@@ -1,0 +1,111 @@
+#include "database.h"
+
+namespace kest::host
+{
+
+namespace
+{
+
+constexpr int patienceMilliseconds = 60'000;
+
+} // namespace
+
+void Database::check(int code) const
+{
+    if (code != SQLITE_OK && code != SQLITE_ROW && code != SQLITE_DONE)
+    {
+        throw DatabaseError(code, connection_ == nullptr ? sqlite3_errstr(code) : sqlite3_errmsg(connection_));
+    }
+}
+
+void Database::open(const std::string& file)
+{
+    const int code = sqlite3_open_v2(file.c_str(), &connection_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+    try
+    {
+        check(code);
+        check(sqlite3_busy_timeout(connection_, patienceMilliseconds));
+    }
+    catch (...)
+    {
+        close();
+        throw;
+    }
+}
+
+void Database::close()
+{
+    sqlite3_close(connection_);
+    connection_ = nullptr;
+}
+
+void Database::execute(const char* sql)
+{
+    check(sqlite3_exec(connection_, sql, nullptr, nullptr, nullptr));
+}
+
+Statement::Statement(Database& database, std::string_view sql) : database_(database)
+{
+    database_.check(sqlite3_prepare_v3(database_.connection_, sql.data(), static_cast<int>(sql.size()),
+                                       SQLITE_PREPARE_PERSISTENT, &statement_, nullptr));
+}
+
+void Statement::bind(int parameter, std::int64_t value)
+{
+    database_.check(sqlite3_bind_int64(statement_, parameter + 1, value));
+}
+
+void Statement::bind(int parameter, std::string_view text)
+{
+    database_.check(
+        sqlite3_bind_text64(statement_, parameter + 1, text.data(), text.size(), SQLITE_STATIC, SQLITE_UTF8));
+}
+
+void Statement::bind(int parameter, std::span<const unsigned char> data)
+{
+    // A null pointer would bind NULL instead of empty data.
+    const void* const bytes = data.empty() ? static_cast<const void*>("") : data.data();
+    database_.check(sqlite3_bind_blob64(statement_, parameter + 1, bytes, data.size(), SQLITE_STATIC));
+}
+
+bool Statement::step()
+{
+    const int code = sqlite3_step(statement_);
+    database_.check(code);
+    return code == SQLITE_ROW;
+}
+
+std::string_view Statement::text(int column) const
+{
+    const auto* const text = reinterpret_cast<const char*>(sqlite3_column_text(statement_, column));
+    return {text == nullptr ? "" : text, static_cast<std::size_t>(sqlite3_column_bytes(statement_, column))};
+}
+
+std::span<const unsigned char> Statement::data(int column) const
+{
+    const auto* const data = static_cast<const unsigned char*>(sqlite3_column_blob(statement_, column));
+    return {data, static_cast<std::size_t>(sqlite3_column_bytes(statement_, column))};
+}
+
+Transaction::~Transaction()
+{
+    if (open_)
+    {
+        try
+        {
+            database_.execute("ROLLBACK");
+        }
+        catch (const DatabaseError&)
+        {
+            // SQLite has rolled back by itself, as it does after a full disk.
+        }
+    }
+}
+
+void Transaction::commit()
+{
+    database_.execute("COMMIT");
+    open_ = false;
+}
+
+} // namespace kest::host

@@ -173,6 +173,17 @@ KEST_API wchar_t* PathAddBackslashW(wchar_t* pszPath);
 KEST_API HRESULT SHGetFolderPathW(HWND hwnd, int nFolder, HANDLE hToken, DWORD dwFlags, wchar_t* pszPath);
 
 /**
+ * Asks where a folder is, as SHGetFolderPathW does without token and flags.
+ * @param path    receives the path; room for MAX_PATH characters.
+ * @param folder  CSIDL_*.
+ * @param create  ignored.
+ * @return 1 when SHGetFolderPathW answers S_OK, else 0.
+ * @kind forward: IFileSystemService::SHGetFolderPathW
+ * @differs{SHGetSpecialFolderPathW.IgnoresCreate} Whether the folder is made is the service's choice.
+ */
+KEST_API BOOL SHGetSpecialFolderPathW(HWND window, wchar_t* path, int folder, BOOL create);
+
+/**
  * Makes the relative path that leads from one path to another.
  * @param pszPath  receives the relative path; room for MAX_PATH characters.
  * @param dwAttrFrom  FILE_ATTRIBUTE_DIRECTORY when pszFrom is a folder.

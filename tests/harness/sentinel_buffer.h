@@ -2,6 +2,7 @@
 // is proved untouched.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <string>
@@ -34,10 +35,11 @@ public:
     std::basic_string<CharT> contents() const { return {buffer_.data(), Size}; }
 
     // What contents() is when exactly `written` stands at the front. Spell terminators out: L"abc\0"s.
-    static std::basic_string<CharT> startingWith(std::basic_string<CharT> written)
+    static std::basic_string<CharT> startingWith(const std::basic_string<CharT>& written)
     {
-        written.resize(Size, sentinel<CharT>);
-        return written;
+        std::basic_string<CharT> whole(Size, sentinel<CharT>);
+        std::copy(written.begin(), written.end(), whole.begin());
+        return whole;
     }
 
     static std::basic_string<CharT> untouched() { return startingWith({}); }

@@ -1,0 +1,33 @@
+#include "kest/host/font_service.h"
+
+#include <iconv.h>
+#include <string>
+
+namespace kest::host
+{
+
+namespace
+{
+
+constexpr UINT utf8CodePage = 65001;
+
+} // namespace
+
+int ConsoleFontService::EnumFontFamiliesExW(HDC, LOGFONTW*, FONTENUMPROCW, LPARAM, DWORD)
+{
+    return 0;
+}
+
+BOOL ConsoleFontService::IsValidCodePage(UINT CodePage)
+{
+    const std::string name = CodePage == utf8CodePage ? "UTF-8" : "CP" + std::to_string(CodePage);
+    const iconv_t conversion = iconv_open("UTF-8", name.c_str());
+    if (conversion == reinterpret_cast<iconv_t>(-1))
+    {
+        return 0;
+    }
+    iconv_close(conversion);
+    return 1;
+}
+
+} // namespace kest::host

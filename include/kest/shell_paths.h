@@ -207,6 +207,31 @@ KEST_API BOOL PathIsRelativeW(const wchar_t* pszPath);
  * @kind forward: IFileSystemService::PathFindExtensionW
  */
 KEST_API wchar_t* PathFindExtensionW(const wchar_t* pszPath);
+/* ---- Programs --------------------------------------------------------------------------------- */
+
+/**
+ * Runs a shell command line and waits until it ends: the operation, a space, the directory and "/" if a directory is
+ * given, the file, a space, and the parameters if they are given. The operation "xdg-open", the directory "/tmp" and
+ * the file "a.txt" run "xdg-open /tmp/a.txt ". Every text is cut after 4095 bytes.
+ * @param hwnd        ignored.
+ * @param operation   the first word of the command.
+ * @param file        what it works on.
+ * @param parameters  more of the command.
+ * @param directory   stands before the file.
+ * @param show        ignored.
+ * @return 33; 29 without an operation and 2 without a file, with nothing run.
+ * @lasterror whatever starting the shell left.
+ * @null operation, file, parameters, directory: not given; an empty text is given.
+ * @kind local
+ * @differs{ShellExecuteW.TakesTheOperationAsACommand} The operation is not a verb such as "open" that is looked up.
+ * @differs{ShellExecuteW.RefusesAMissingOperation} There is no default verb.
+ * @differs{ShellExecuteW.PutsTheDirectoryBeforeTheFile} The directory is part of the path, not where the command runs.
+ * @differs{ShellExecuteW.WaitsUntilTheCommandEnds} The program has ended when the call returns.
+ * @differs{ShellExecuteW.ReportsSuccessForWhateverWasTried} A command that cannot be started or fails counts as
+ *     success.
+ */
+KEST_API HINSTANCE ShellExecuteW(HWND hwnd, const wchar_t* operation, const wchar_t* file, const wchar_t* parameters,
+                                 const wchar_t* directory, int show);
 
 KEST_C_END
 

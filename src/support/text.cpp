@@ -72,6 +72,26 @@ std::size_t widen(wchar_t* destination, const char* source, std::size_t limit)
     return convert(std::mbstowcs, destination, source, limit);
 }
 
+void widenTerminated(wchar_t* destination, const char* source, std::size_t limit)
+{
+    if (widen(destination, source, limit) != conversionFailed)
+    {
+        return;
+    }
+    // A failing conversion does not say how much it wrote: measure what can be converted.
+    std::mbstate_t state = {};
+    std::size_t left = std::strlen(source);
+    std::size_t count = 0;
+    for (std::size_t bytes = std::mbrlen(source, left, &state); count < limit && bytes - 1 < left;
+         bytes = std::mbrlen(source, left, &state))
+    {
+        source += bytes;
+        left -= bytes;
+        ++count;
+    }
+    destination[count] = L'\0';
+}
+
 std::size_t narrowIntoScratch(char* scratch, const wchar_t* source, std::size_t size)
 {
     const std::size_t limit = size - 1;

@@ -19,6 +19,10 @@ std::size_t narrow(char* destination, const wchar_t* source, std::size_t limit);
 // mbstowcs with a fast path for ASCII, likewise; `limit` is in characters.
 std::size_t widen(wchar_t* destination, const char* source, std::size_t limit);
 
+// widen, but a text that the locale cannot convert ends, terminated, after what it can. A text that fills the limit
+// has no terminator here either.
+void widenTerminated(wchar_t* destination, const char* source, std::size_t limit);
+
 // narrow into scratch of `size` bytes that ends up terminated in every case: longer text is cut after
 // size - 1 bytes, text that the locale cannot encode after the last character that it can.
 std::size_t narrowIntoScratch(char* scratch, const wchar_t* source, std::size_t size);

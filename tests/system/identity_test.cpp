@@ -1,0 +1,201 @@
+#include "harness/in_child.h"
+#include "harness/sentinel_buffer.h"
+#include "kest/kernel/environment.h"
+
+#include <cerrno>
+#include <gtest/gtest.h>
+#include <optional>
+#include <pwd.h>
+#include <string>
+#include <sys/syscall.h>
+#include <thread>
+#include <unistd.h>
+
+using kest::test::SentinelBuffer;
+using kest::test::statusInChild;
+
+namespace
+{
+
+// The user that the process seems to belong to; its own when not set.
+std::optional<uid_t> pretendedUser;
+
+} // namespace
+
+extern "C" KEST_API uid_t getuid() noexcept
+{
+    return pretendedUser ? *pretendedUser : static_cast<uid_t>(syscall(SYS_getuid));
+}
+
+namespace
+{
+
+using Buffer = SentinelBuffer<wchar_t, 300>;
+
+// Becomes another user for a test's duration, as far as getuid tells.
+class PretendedUser
+{
+public:
+    explicit PretendedUser(uid_t user) { pretendedUser = user; }
+    ~PretendedUser() { pretendedUser.reset(); }
+    PretendedUser(const PretendedUser&) = delete;
+    PretendedUser& operator=(const PretendedUser&) = delete;
+};
+
+TEST(GetUserNameW, WritesNoTerminator)
+{
+    const PretendedUser root(0);
+    Buffer out;
+    DWORD size = 300;
+    EXPECT_EQ(GetUserNameW(out.data(), &size), 1);
+    EXPECT_EQ(size, 4U);
+    EXPECT_EQ(out.contents(), Buffer::startingWith(L"root"));
+}
+
+TEST(GetUserNameW, IgnoresTheGivenSize)
+{
+    const PretendedUser root(0);
+    for (const DWORD given : {0U, 2U, 4U, 0xFFFFFFFFU})
+    {
+        Buffer out;
+        DWORD size = given;
+        EXPECT_EQ(GetUserNameW(out.data(), &size), 1);
+        EXPECT_EQ(size, 4U);
+        EXPECT_EQ(out.contents(), Buffer::startingWith(L"root"));
+    }
+}
+
+TEST(Identity, NamesTheRealUser)
+{
+    Buffer out;
+    DWORD size = 1234;
+    const passwd* const entry = getpwuid(getuid());
+    if (entry == nullptr)
+    {
+        EXPECT_EQ(GetUserNameW(out.data(), &size), 0);
+        return;
+    }
+    const std::string name = entry->pw_name;
+    EXPECT_EQ(GetUserNameW(out.data(), &size), 1);
+    EXPECT_EQ(size, name.size());
+    EXPECT_EQ(out.contents(), Buffer::startingWith(std::wstring(name.begin(), name.end())));
+}
+
+TEST(Identity, HasNoNameForAnUnknownUser)
+{
+    const PretendedUser unknown(3999999999U);
+    Buffer out;
+    DWORD size = 1234;
+    EXPECT_EQ(GetUserNameW(out.data(), &size), 0);
+    EXPECT_EQ(size, 1234U);
+    EXPECT_EQ(out.contents(), Buffer::untouched());
+}
+
+std::wstring hostName()
+{
+    char name[256] = {};
+    EXPECT_EQ(gethostname(name, sizeof name), 0);
+    const std::string narrow = name;
+    return {narrow.begin(), narrow.end()};
+}
+
+TEST(GetComputerNameW, IgnoresTheGivenSize)
+{
+    for (const DWORD given : {0U, 1U, 300U})
+    {
+        Buffer out;
+        DWORD size = given;
+        EXPECT_EQ(GetComputerNameW(out.data(), &size), 1);
+        EXPECT_EQ(out.contents(), Buffer::startingWith(hostName() + L'\0'));
+    }
+    Buffer out;
+    EXPECT_EQ(GetComputerNameW(out.data(), nullptr), 1);
+    EXPECT_EQ(out.contents(), Buffer::startingWith(hostName() + L'\0'));
+}
+
+TEST(GetComputerNameW, LeavesTheSizeUnwritten)
+{
+    Buffer out;
+    DWORD size = 1234;
+    EXPECT_EQ(GetComputerNameW(out.data(), &size), 1);
+    EXPECT_EQ(size, 1234U);
+}
+
+TEST(Identity, NumbersThreadsAsTheKernelDoes)
+{
+    const auto kernelNumber = [] { return static_cast<DWORD>(syscall(SYS_gettid)); };
+    const DWORD own = GetCurrentThreadId();
+    EXPECT_EQ(own, kernelNumber());
+    EXPECT_EQ(GetCurrentThreadId(), own);
+    std::thread(
+        [&]
+        {
+            EXPECT_EQ(GetCurrentThreadId(), kernelNumber());
+            EXPECT_NE(GetCurrentThreadId(), own);
+        })
+        .join();
+    const int status = statusInChild(
+        [&]
+        {
+            EXPECT_EQ(GetCurrentThreadId(), kernelNumber());
+            EXPECT_NE(GetCurrentThreadId(), own);
+        });
+    EXPECT_EQ(status, 0);
+}
+
+TEST(Identity, NumbersNoProcesses)
+{
+    EXPECT_EQ(GetCurrentProcessId(), 0U);
+    DWORD session = 1234;
+    EXPECT_EQ(ProcessIdToSessionId(0, &session), 0);
+    EXPECT_EQ(ProcessIdToSessionId(static_cast<DWORD>(getpid()), &session), 0);
+    EXPECT_EQ(session, 1234U);
+    EXPECT_EQ(ProcessIdToSessionId(1, nullptr), 0);
+}
+
+TEST(GetLastError, ReportsErrnoValues)
+{
+    errno = EACCES;
+    EXPECT_EQ(GetLastError(), 13U);
+    EXPECT_EQ(errno, EACCES);
+    errno = ENOENT;
+    EXPECT_EQ(GetLastError(), 126U);
+    EXPECT_EQ(errno, ENOENT);
+}
+
+TEST(GetLastError, TranslatesWhatSetLastErrorStored)
+{
+    SetLastError(2);
+    EXPECT_EQ(errno, 2);
+    EXPECT_EQ(GetLastError(), 126U);
+    SetLastError(8);
+    EXPECT_EQ(GetLastError(), 193U);
+    SetLastError(9);
+    EXPECT_EQ(GetLastError(), 193U);
+}
+
+TEST(LastError, ComesBackAsStored)
+{
+    for (const DWORD code : {0U, 1U, 3U, 5U, 7U, 10U, 126U, 193U, 0x7FFFFFFFU, 0x80004005U, 0xFFFFFFFFU})
+    {
+        SetLastError(code);
+        EXPECT_EQ(errno, static_cast<int>(code));
+        EXPECT_EQ(GetLastError(), code);
+        EXPECT_EQ(errno, static_cast<int>(code));
+    }
+}
+
+TEST(LastError, BelongsToItsThread)
+{
+    SetLastError(5);
+    std::thread(
+        []
+        {
+            SetLastError(7);
+            EXPECT_EQ(GetLastError(), 7U);
+        })
+        .join();
+    EXPECT_EQ(GetLastError(), 5U);
+}
+
+} // namespace

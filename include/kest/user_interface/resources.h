@@ -34,7 +34,37 @@
 #define MAKEINTRESOURCEW(number) ((LPWSTR)(ULONG_PTR)(WORD)(number))
 #define IS_INTRESOURCE(name) (((ULONG_PTR)(name) >> 16) == 0)
 
+/* Types of FindResourceW */
+#define RT_CURSOR MAKEINTRESOURCEW(1)
+#define RT_BITMAP MAKEINTRESOURCEW(2)
+#define RT_ICON MAKEINTRESOURCEW(3)
+#define RT_MENU MAKEINTRESOURCEW(4)
+#define RT_DIALOG MAKEINTRESOURCEW(5)
+#define RT_STRING MAKEINTRESOURCEW(6)
+#define RT_FONTDIR MAKEINTRESOURCEW(7)
+#define RT_FONT MAKEINTRESOURCEW(8)
+#define RT_ACCELERATOR MAKEINTRESOURCEW(9)
+#define RT_RCDATA MAKEINTRESOURCEW(10)
+#define RT_MESSAGETABLE MAKEINTRESOURCEW(11)
+#define RT_GROUP_CURSOR MAKEINTRESOURCEW(12)
+#define RT_GROUP_ICON MAKEINTRESOURCEW(14)
+#define RT_VERSION MAKEINTRESOURCEW(16)
+#define RT_HTML MAKEINTRESOURCEW(23)
+#define RT_MANIFEST MAKEINTRESOURCEW(24)
+
+/* Icons of LoadIconW */
+#define IDI_APPLICATION MAKEINTRESOURCEW(32512)
+#define IDI_HAND MAKEINTRESOURCEW(32513)
+#define IDI_ERROR IDI_HAND
+#define IDI_QUESTION MAKEINTRESOURCEW(32514)
+#define IDI_EXCLAMATION MAKEINTRESOURCEW(32515)
+#define IDI_WARNING IDI_EXCLAMATION
+#define IDI_ASTERISK MAKEINTRESOURCEW(32516)
+#define IDI_INFORMATION IDI_ASTERISK
+
 KEST_C_BEGIN
+
+/* ---- Strings, images and graphic objects ------------------------------------------------------- */
 
 /**
  * Loads a string.
@@ -61,6 +91,16 @@ KEST_API int LoadStringW(HINSTANCE hInstance, UINT uID, wchar_t* lpBuffer, int c
 KEST_API HANDLE LoadImageW(HINSTANCE hInst, const wchar_t* name, UINT type, int cx, int cy, UINT fuLoad);
 
 /**
+ * Loads a bitmap in its own size: LoadImageW with the type IMAGE_BITMAP and nothing else.
+ * @return the bitmap, or null; delete it with DeleteObject.
+ * @kind forward: IGraphicsService::LoadImageW
+ */
+KEST_API HBITMAP LoadBitmapW(HINSTANCE hInstance, const wchar_t* lpBitmapName);
+
+/** Always null: icons come from LoadImageW. @kind fixed result */
+KEST_API HICON LoadIconW(HINSTANCE hInstance, const wchar_t* lpIconName);
+
+/**
  * Deletes a graphic object.
  * @return 1, whatever the service answers.
  * @kind forward: IGraphicsService::DeleteObject
@@ -77,6 +117,51 @@ KEST_API BOOL DeleteObject(HGDIOBJ ho);
  */
 KEST_API BOOL DestroyIcon(HICON hIcon);
 
+/* ---- Resources as data ------------------------------------------------------------------------- */
+
+/** Always null: modules carry no resources here. @kind fixed result */
+KEST_API HRSRC FindResourceW(HMODULE hModule, const wchar_t* lpName, const wchar_t* lpType);
+
+/**
+ * Reads the size in a resource's information record.
+ * @param hModule  not used.
+ * @param hResInfo  the record: two words of 32 bits, the second of which is the size in bytes.
+ * @return the size in bytes.
+ * @lasterror left as it is.
+ * @null hResInfo: answers 0.
+ * @kind local
+ */
+KEST_API DWORD SizeofResource(HMODULE hModule, HRSRC hResInfo);
+
+/** Always the handle that it is given. @kind fixed result */
+KEST_API LPVOID LockResource(HGLOBAL hResData);
+
+/* ---- The current resource handle --------------------------------------------------------------- */
+
+/** The module whose resources are used by default; null until AfxSetResourceHandle sets it. */
+extern KEST_API HINSTANCE m_hCurrentResourceHandle;
+
 KEST_C_END
+
+#ifdef __cplusplus
+
+/**
+ * Asks for the module whose resources are used by default.
+ * @return the handle that AfxSetResourceHandle set last; null before.
+ * @lasterror left as it is.
+ * @kind local
+ * @differs{AfxGetResourceHandle.IsNullUntilSet} There is no handle of the application's own to begin with.
+ */
+KEST_API HINSTANCE AfxGetResourceHandle();
+
+/**
+ * Sets the module whose resources are used by default. A plain store: set it before other threads use resources.
+ * @param hInstResource  the module; null for none.
+ * @lasterror left as it is.
+ * @kind local
+ */
+KEST_API void AfxSetResourceHandle(HINSTANCE hInstResource);
+
+#endif
 
 #endif

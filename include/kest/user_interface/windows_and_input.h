@@ -188,6 +188,33 @@
 #define WM_APP 0x8000
 #define HWND_BROADCAST ((HWND)(LONG_PTR)0xFFFF)
 
+typedef struct tagMSG
+{
+    HWND hwnd;
+    UINT message;
+    WPARAM wParam;
+    LPARAM lParam;
+    DWORD time;
+    POINT pt;
+} MSG, *PMSG, *LPMSG;
+
+/* Options of PeekMessageW */
+#define PM_NOREMOVE 0x0000
+#define PM_REMOVE 0x0001
+#define PM_NOYIELD 0x0002
+
+/* ---- Formats of GetClipboardData --------------------------------------------------------------- */
+
+#define CF_TEXT 1
+#define CF_BITMAP 2
+#define CF_METAFILEPICT 3
+#define CF_DIB 8
+#define CF_PALETTE 9
+#define CF_UNICODETEXT 13
+#define CF_ENHMETAFILE 14
+#define CF_HDROP 15
+#define CF_LOCALE 16
+
 /* ---- Metrics of GetSystemMetrics --------------------------------------------------------------- */
 
 #define SM_CXSCREEN 0
@@ -317,6 +344,31 @@ KEST_API BOOL PostMessageW(HWND hWnd, UINT Msg, WPARAM wParam, LPARAM lParam);
  * @kind checked forward: IDialogService::SendMessageW, 0 without hub or service
  */
 KEST_API LRESULT SendMessageW(HWND hWnd, UINT Msg, WPARAM wParam, LPARAM lParam);
+
+/** Always null: no window is known to be in front. @kind fixed result */
+KEST_API HWND GetForegroundWindow(void);
+
+/* ---- Message loop ----------------------------------------------------------------------------- */
+
+/** Always 0: the queue is empty; lpMsg is left as it was. @kind fixed result */
+KEST_API BOOL PeekMessageW(MSG* lpMsg, HWND hWnd, UINT wMsgFilterMin, UINT wMsgFilterMax, UINT wRemoveMsg);
+
+/** Always 1. @kind fixed result */
+KEST_API BOOL TranslateMessage(const MSG* lpMsg);
+
+/** Always 0: no window procedure is called. @kind fixed result */
+KEST_API LRESULT DispatchMessageW(const MSG* lpMsg);
+
+/* ---- Clipboard -------------------------------------------------------------------------------- */
+
+/** Always 0: the clipboard cannot be opened. @kind fixed result */
+KEST_API BOOL OpenClipboard(HWND hWndNewOwner);
+
+/** Always 0. @kind fixed result */
+KEST_API BOOL CloseClipboard(void);
+
+/** Always null: the clipboard is empty. @kind fixed result */
+KEST_API HANDLE GetClipboardData(UINT uFormat);
 
 /* ---- Cursor ----------------------------------------------------------------------------------- */
 

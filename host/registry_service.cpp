@@ -1,5 +1,6 @@
 #include "kest/host/registry_service.h"
 
+#include "folders.h"
 #include "kest/registry.h"
 #include "registry_store.h"
 
@@ -9,8 +10,6 @@
 #include <limits>
 #include <mutex>
 #include <new>
-#include <pwd.h>
-#include <unistd.h>
 #include <unordered_map>
 
 namespace kest::host
@@ -250,17 +249,7 @@ std::string RegistryService::defaultFile()
     {
         return file;
     }
-    if (const char* const data = std::getenv("XDG_DATA_HOME"); data != nullptr && *data == '/')
-    {
-        return std::string(data) + "/kest/registry.db";
-    }
-    const char* home = std::getenv("HOME");
-    if (home == nullptr || *home == '\0')
-    {
-        const passwd* const user = getpwuid(getuid());
-        home = user == nullptr ? "" : user->pw_dir;
-    }
-    return std::string(home) + "/.local/share/kest/registry.db";
+    return baseFolder("XDG_DATA_HOME", ".local/share") + "/kest/registry.db";
 }
 
 // ---- Keys ----------------------------------------------------------------------------------------------------------

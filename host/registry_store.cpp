@@ -1,5 +1,6 @@
 #include "registry_store.h"
 
+#include "folders.h"
 #include "unicode.h"
 
 #include <algorithm>
@@ -7,8 +8,6 @@
 #include <chrono>
 #include <ctime>
 #include <fcntl.h>
-#include <filesystem>
-#include <sys/stat.h>
 #include <thread>
 #include <unistd.h>
 #include <utility>
@@ -177,15 +176,9 @@ void RegistryStore::open()
 // The file is ours alone from its first moment; SQLite gives its companions the same mode.
 void RegistryStore::createFile() const
 {
-    const std::filesystem::path folder = std::filesystem::path(file_).parent_path();
-    std::filesystem::path made;
-    for (const std::filesystem::path& component : folder)
+    if (!makeFolders(file_.substr(0, file_.rfind('/') + 1)))
     {
-        made /= component;
-        if (mkdir(made.c_str(), 0700) != 0 && errno != EEXIST && access(made.c_str(), F_OK) != 0)
-        {
-            throwSystemError(file_);
-        }
+        throwSystemError(file_);
     }
     const int descriptor = ::open(file_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
     if (descriptor < 0)

@@ -1,0 +1,156 @@
+#include "atomic_file.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <string_view>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace kest::host
+{
+
+namespace
+{
+
+class Descriptor
+{
+public:
+    explicit Descriptor(int number) : number_(number) {}
+    ~Descriptor() { close(); }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+
+    bool valid() const { return number_ >= 0; }
+    int number() const { return number_; }
+    bool close()
+    {
+        const int number = number_;
+        number_ = -1;
+        return number < 0 || ::close(number) == 0;
+    }
+
+private:
+    int number_;
+};
+
+bool writeAll(int descriptor, std::string_view content)
+{
+    while (!content.empty())
+    {
+        const ssize_t written = write(descriptor, content.data(), content.size());
+        if (written < 0 && errno != EINTR)
+        {
+            return false;
+        }
+        content.remove_prefix(static_cast<std::size_t>(written < 0 ? 0 : written));
+    }
+    return true;
+}
+
+std::string folderOf(const std::string& path)
+{
+    const std::size_t slash = path.rfind('/');
+    return slash == std::string::npos ? "." : slash == 0 ? "/" : path.substr(0, slash);
+}
+
+// Where new content is written before it takes its place. One name a file: what a crash leaves there is removed
+// by the next writer.
+std::string draftOf(const std::string& path)
+{
+    const std::size_t slash = path.rfind('/');
+    const std::size_t name = slash == std::string::npos ? 0 : slash + 1;
+    return path.substr(0, name) + "." + path.substr(name) + ".kest-new";
+}
+
+// A new file gets the mode that the process's mask leaves, as any new file does.
+bool writeDraft(const std::string& draft, const std::string& content, std::optional<mode_t> mode)
+{
+    unlink(draft.c_str());
+    Descriptor file(open(draft.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode ? 0600 : 0666));
+    return file.valid() && writeAll(file.number(), content) && (!mode || fchmod(file.number(), *mode) == 0) &&
+           fsync(file.number()) == 0 && file.close();
+}
+
+} // namespace
+
+std::optional<std::string> readWholeFile(const std::string& path)
+{
+    const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    if (!file.valid())
+    {
+        return std::nullopt;
+    }
+    std::string content;
+    struct stat status;
+    if (fstat(file.number(), &status) == 0 && status.st_size > 0)
+    {
+        content.reserve(static_cast<std::size_t>(status.st_size) + 1);
+    }
+    char block[16384];
+    while (true)
+    {
+        const ssize_t count = read(file.number(), block, sizeof block);
+        if (count < 0 && errno != EINTR)
+        {
+            return std::nullopt;
+        }
+        if (count == 0)
+        {
+            return content;
+        }
+        content.append(block, static_cast<std::size_t>(count < 0 ? 0 : count));
+    }
+}
+
+FolderLock::FolderLock(const std::string& folder)
+    : descriptor_(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
+{
+    int result = 0;
+    do
+    {
+        result = held() ? flock(descriptor_, LOCK_EX) : 0;
+    } while (result != 0 && errno == EINTR);
+    if (result != 0)
+    {
+        const int error = errno;
+        close(descriptor_);
+        descriptor_ = -1;
+        errno = error;
+    }
+}
+
+FolderLock::~FolderLock()
+{
+    if (held())
+    {
+        close(descriptor_);
+    }
+}
+
+bool replaceFile(const std::string& path, const std::string& content)
+{
+    struct stat status;
+    const bool present = stat(path.c_str(), &status) == 0;
+    if (present && access(path.c_str(), W_OK) != 0)
+    {
+        return false;
+    }
+    const std::string draft = draftOf(path);
+    if (!writeDraft(draft, content, present ? std::optional<mode_t>(status.st_mode & 07777) : std::nullopt) ||
+        rename(draft.c_str(), path.c_str()) != 0)
+    {
+        const int error = errno;
+        unlink(draft.c_str());
+        errno = error;
+        return false;
+    }
+    const Descriptor folder(open(folderOf(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (folder.valid())
+    {
+        fsync(folder.number());
+    }
+    return true;
+}
+
+} // namespace kest::host

@@ -1,0 +1,34 @@
+// Files that are replaced whole or not at all, one writer at a time.
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace kest::host
+{
+
+// The whole content of a file; nothing, with errno set, if it cannot be read.
+std::optional<std::string> readWholeFile(const std::string& path);
+
+// Keeps other writers of a folder's files out, in this process and in others, for as long as it lives. The lock
+// stands on the folder itself, so it leaves nothing behind and outlives the files that are replaced.
+class FolderLock
+{
+public:
+    explicit FolderLock(const std::string& folder);
+    ~FolderLock();
+    FolderLock(const FolderLock&) = delete;
+    FolderLock& operator=(const FolderLock&) = delete;
+
+    // False, with errno set, when the folder cannot be locked.
+    bool held() const { return descriptor_ >= 0; }
+
+private:
+    int descriptor_;
+};
+
+// Puts new content in a file's place in one step, keeping its mode; a crash leaves the old or the new content.
+// The folder's lock must be held. False, with errno set and the file as it was, when that is not possible.
+bool replaceFile(const std::string& path, const std::string& content);
+
+} // namespace kest::host

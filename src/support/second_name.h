@@ -6,3 +6,10 @@
 // the linkage: with C linkage Clang would warn of functions that return classes.
 #define KEST_SECOND_NAME(declaration, target, second)                                                                  \
     extern declaration __asm__(second) __attribute__((alias(target), visibility("default")))
+
+// How encoded names spell a va_list, to be put behind the rest of `second`.
+#if defined(__aarch64__)
+#define KEST_VA_LIST_CODE "St9__va_list"
+#else
+#define KEST_VA_LIST_CODE "P13__va_list_tag"
+#endif

@@ -1,0 +1,785 @@
+#include "kest/crt/formatted_output.h"
+#include "kest/user_interface/strings.h"
+
+#include "harness/scoped_locale.h"
+#include "harness/scratch_folder.h"
+#include "harness/sentinel_buffer.h"
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstdarg>
+#include <cstdlib>
+#include <functional>
+#include <gtest/gtest.h>
+#include <new>
+#include <stdexcept>
+#include <string>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+#include <vector>
+
+namespace
+{
+
+bool arraysFail = false;
+
+} // namespace
+
+// Arrays go by way of single objects, whatever allocates those, so that a test can make them fail.
+void* operator new[](std::size_t size)
+{
+    return ::operator new(size);
+}
+
+void* operator new[](std::size_t size, const std::nothrow_t& tag) noexcept
+{
+    return arraysFail ? nullptr : ::operator new(size, tag);
+}
+
+void operator delete[](void* memory) noexcept
+{
+    ::operator delete(memory);
+}
+
+void operator delete[](void* memory, std::size_t) noexcept
+{
+    ::operator delete(memory);
+}
+
+namespace
+{
+
+using kest::test::ScopedLocale;
+using kest::test::ScratchFolder;
+using kest::test::SentinelBuffer;
+using namespace std::string_literals;
+
+// ---- The functions that take an argument list, with the arguments themselves -------------------------------------
+
+int scprintf(const char* format, ...)
+{
+    va_list arguments;
+    va_start(arguments, format);
+    const int result = _vscprintf(format, arguments);
+    va_end(arguments);
+    return result;
+}
+
+int sprintfS(char* buffer, std::size_t size, const char* format, ...)
+{
+    va_list arguments;
+    va_start(arguments, format);
+    const int result = vsprintf_s(buffer, size, format, arguments);
+    va_end(arguments);
+    return result;
+}
+
+int scwprintf(const wchar_t* format, ...)
+{
+    va_list arguments;
+    va_start(arguments, format);
+    const int result = _vscwprintf(format, arguments);
+    va_end(arguments);
+    return result;
+}
+
+int unbounded(wchar_t* buffer, const wchar_t* format, ...)
+{
+    va_list arguments;
+    va_start(arguments, format);
+    const int result = _vswprintf(buffer, format, arguments);
+    va_end(arguments);
+    return result;
+}
+
+int threeArguments(wchar_t* buffer, const wchar_t* format, ...)
+{
+    va_list arguments;
+    va_start(arguments, format);
+    const int result = _tarvswprintf(buffer, format, arguments);
+    va_end(arguments);
+    return result;
+}
+
+int fourArguments(wchar_t* buffer, std::size_t count, const wchar_t* format, ...)
+{
+    va_list arguments;
+    va_start(arguments, format);
+    const int result = _tarvswprintf(buffer, count, format, arguments);
+    va_end(arguments);
+    return result;
+}
+
+int swprintfS(wchar_t* buffer, std::size_t size, const wchar_t* format, ...)
+{
+    va_list arguments;
+    va_start(arguments, format);
+    const int result = vswprintf_s(buffer, size, format, arguments);
+    va_end(arguments);
+    return result;
+}
+
+int snwprintfS(wchar_t* buffer, std::size_t bufferSize, std::size_t count, const wchar_t* format, ...)
+{
+    va_list arguments;
+    va_start(arguments, format);
+    const int result = _vsnwprintf_s(buffer, bufferSize, count, format, arguments);
+    va_end(arguments);
+    return result;
+}
+
+int printList(const wchar_t* format, ...)
+{
+    va_list arguments;
+    va_start(arguments, format);
+    const int result = _tarvwprintf(format, arguments);
+    va_end(arguments);
+    return result;
+}
+
+int printListTo(FILE* stream, const wchar_t* format, ...)
+{
+    va_list arguments;
+    va_start(arguments, format);
+    const int result = _tarvfwprintf(stream, format, arguments);
+    va_end(arguments);
+    return result;
+}
+
+// Those without a limit: one contract under five names.
+using Writer = int (*)(wchar_t*, const wchar_t*, ...);
+constexpr Writer encodedSwprintf = swprintf;
+const std::vector<std::pair<const char*, Writer>> unlimitedWriters = {{"_vswprintf", unbounded},
+                                                                      {"_tarvswprintf", threeArguments},
+                                                                      {"swprintf", encodedSwprintf},
+                                                                      {"wsprintfW", wsprintfW}};
+
+using Buffer = SentinelBuffer<wchar_t, 80>;
+using NarrowBuffer = SentinelBuffer<char, 16>;
+
+// What the format makes of the arguments, by the shortest way to the C library.
+template <class... Arguments>
+std::wstring formatted(const wchar_t* format, Arguments... arguments)
+{
+    Buffer buffer;
+    const int length = _tarswprintf(buffer.data(), Buffer::size(), format, arguments...);
+    if (length < 0)
+    {
+        return L"failed";
+    }
+    const std::wstring text(buffer.data(), static_cast<std::size_t>(length));
+    EXPECT_EQ(buffer.contents(), Buffer::startingWith(text + L'\0'));
+    return text;
+}
+
+// Standard output keeps the width that it was first used with: wide text goes to it only after this, and only in a
+// process of its own.
+void reopenStandardOutput(const char* file)
+{
+    if (std::freopen(file, "w", stdout) == nullptr)
+    {
+        std::perror(file);
+        _exit(1);
+    }
+}
+
+// Runs an action in a process of its own with standard output going to a file; returns what stands there.
+std::string printedBy(const std::function<bool()>& action)
+{
+    const ScratchFolder folder;
+    std::fflush(nullptr);
+    const pid_t child = fork();
+    if (child == 0)
+    {
+        reopenStandardOutput("printed");
+        const bool good = action() && std::fflush(stdout) == 0;
+        _exit(good ? 0 : 1);
+    }
+    int status = -1;
+    waitpid(child, &status, 0);
+    EXPECT_EQ(status, 0);
+    return folder.read("printed");
+}
+
+template <class Action>
+void expectNullRefusal(Action action)
+{
+    try
+    {
+        action();
+        ADD_FAILURE() << "nothing thrown";
+    }
+    catch (const std::logic_error& error)
+    {
+        EXPECT_STREQ(error.what(), "basic_string::_M_construct null not valid");
+    }
+}
+
+// ---- Wide formats ------------------------------------------------------------------------------------------------
+
+TEST(WideFormats, ReadBareStringConversionsAsWide)
+{
+    EXPECT_EQ(formatted(L"%s", L"ab"), L"ab");
+    EXPECT_EQ(formatted(L"%s|%ls", L"ab", L"cd"), L"ab|cd");
+    EXPECT_EQ(formatted(L"<%s%s>%d", L"ab", L"cd", 7), L"<abcd>7");
+    EXPECT_EQ(formatted(L"%%%s", L"ab"), L"%ab");
+    EXPECT_EQ(formatted(L"%d%s", 1, L"\u00e9\U0001F600"), L"1\u00e9\U0001F600");
+    EXPECT_EQ(formatted(L"%s", static_cast<const wchar_t*>(nullptr)), L"(null)");
+}
+
+TEST(WideFormats, LeaveEverythingElseToTheCLibrary)
+{
+    EXPECT_EQ(formatted(L""), L"");
+    EXPECT_EQ(formatted(L"plain s"), L"plain s");
+    EXPECT_EQ(formatted(L"%10s|", "ab"), L"        ab|");
+    EXPECT_EQ(formatted(L"%-10s|", "ab"), L"ab        |");
+    EXPECT_EQ(formatted(L"%.*s|", 1, "ab"), L"a|");
+    EXPECT_EQ(formatted(L"%5s|", "ab"), L"   ab|");
+    EXPECT_EQ(formatted(L"%1$s|", "ab"), L"ab|");
+    EXPECT_EQ(formatted(L"%hs|", "ab"), L"ab|");
+    EXPECT_EQ(formatted(L"%10ls|", L"ab"), L"        ab|");
+    EXPECT_EQ(formatted(L"%S|", L"ab"), L"ab|");
+    EXPECT_EQ(formatted(L"%c%C%lc|", 'a', L'b', L'c'), L"abc|");
+    EXPECT_EQ(formatted(L"%d%% %x %5.2f", 42, 255, 1.5), L"42% ff  1.50");
+    EXPECT_EQ(formatted(L"%ws|"), L"%ws|");
+    EXPECT_EQ(formatted(L"%I64d|", 5), std::wstring(63, L' ') + L"5|");
+    EXPECT_EQ(formatted(L"abc%"), L"failed");
+}
+
+TEST(WideFormats, TurnPercentPercentSIntoPercentLs)
+{
+    EXPECT_EQ(formatted(L"%%s"), L"%ls");
+    EXPECT_EQ(formatted(L"%%s %s %%s", L"ab"), L"%ls ab %ls");
+}
+
+// Formats of every length around the room that short ones are kept in, and one so long that replacing must not
+// start over each time.
+TEST(WideFormats, AreReplacedWhateverTheirLength)
+{
+    for (const std::size_t count : {1U, 84U, 85U, 86U, 87U, 127U, 128U, 129U, 255U, 256U, 257U, 60000U})
+    {
+        std::wstring format;
+        std::wstring expected;
+        for (std::size_t index = 0; index < count; ++index)
+        {
+            format += L"%%s";
+            expected += L"%ls";
+        }
+        format += L"%s";
+        expected += L"end";
+        std::vector<wchar_t> buffer(expected.size() + 2, L'#');
+        EXPECT_EQ(encodedSwprintf(buffer.data(), format.c_str(), L"end"), static_cast<int>(expected.size()));
+        EXPECT_EQ(std::wstring(buffer.data(), buffer.size()), expected + L"\0#"s) << count;
+    }
+}
+
+TEST(WideFormats, AreNotChangedThemselves)
+{
+    wchar_t format[] = L"%s %%s";
+    Buffer buffer;
+    EXPECT_EQ(encodedSwprintf(buffer.data(), format, L"ab"), 6);
+    EXPECT_EQ(buffer.contents(), Buffer::startingWith(L"ab %ls\0"s));
+    EXPECT_STREQ(format, L"%s %%s");
+}
+
+TEST(WideFormats, EndTheProcessOverPercentN)
+{
+    int written = 0;
+    Buffer buffer;
+    const std::wstring longFormat = std::wstring(1000, L'x') + L"%n";
+    std::vector<wchar_t> large(2000);
+    const auto aborted = testing::KilledBySignal(SIGABRT);
+    EXPECT_EXIT(fourArguments(buffer.data(), 8, L"ab%n", &written), aborted, "");
+    EXPECT_EXIT(_tarswprintf(buffer.data(), 8, L"ab%n", &written), aborted, "");
+    EXPECT_EXIT(_tarswprintf(large.data(), 2000, longFormat.c_str(), &written), aborted, "");
+    EXPECT_EXIT(scwprintf(L"ab%n", &written), aborted, "");
+    EXPECT_EXIT(swprintfS(buffer.data(), 8, L"ab%n", &written), aborted, "");
+    EXPECT_EXIT(snwprintfS(buffer.data(), 8, 8, L"ab%n", &written), aborted, "");
+    EXPECT_EXIT((reopenStandardOutput("/dev/null"), printList(L"ab%n", &written)), aborted, "");
+    EXPECT_EXIT((reopenStandardOutput("/dev/null"), _tarwprintf(L"ab%n", &written)), aborted, "");
+    EXPECT_EXIT(printListTo(stderr, L"ab%n", &written), aborted, "");
+    EXPECT_EXIT(_tarfwprintf(stderr, L"ab%n", &written), aborted, "");
+    for (const auto& [name, write] : unlimitedWriters)
+    {
+        EXPECT_EXIT(write(buffer.data(), L"ab%n", &written), aborted, "") << name;
+    }
+}
+
+TEST(WideFormats, MustNotBeNull)
+{
+    Buffer buffer;
+    const wchar_t* const null = nullptr;
+    expectNullRefusal([&] { fourArguments(buffer.data(), 8, null); });
+    expectNullRefusal([&] { _tarswprintf(buffer.data(), 8, null); });
+    expectNullRefusal([&] { scwprintf(null); });
+    expectNullRefusal([&] { swprintfS(buffer.data(), 8, null); });
+    expectNullRefusal([&] { snwprintfS(buffer.data(), 8, 8, null); });
+    expectNullRefusal([&] { printListTo(stderr, null); });
+    expectNullRefusal([&] { _tarfwprintf(stderr, null); });
+    for (const auto& [name, write] : unlimitedWriters)
+    {
+        SCOPED_TRACE(name);
+        expectNullRefusal([&, function = write] { function(buffer.data(), null); });
+    }
+    EXPECT_EQ(buffer.contents(), Buffer::untouched());
+
+    const std::string printed = printedBy(
+        []
+        {
+            expectNullRefusal([] { printList(nullptr); });
+            expectNullRefusal([] { _tarwprintf(nullptr); });
+            return !testing::Test::HasFailure();
+        });
+    EXPECT_EQ(printed, "");
+}
+
+// ---- Streams -----------------------------------------------------------------------------------------------------
+
+TEST(WideStreams, PrintToStandardOutput)
+{
+    const std::string printed = printedBy(
+        []
+        {
+            const ScopedLocale locale("C.UTF-8");
+            return printList(L"<%s|%d>", L"\u00e9", 7) == 5 && _tarwprintf(L"[%s|%hs]", L"wide", "narrow") == 13;
+        });
+    EXPECT_EQ(printed, "<\u00e9|7>[wide|narrow]");
+}
+
+TEST(WideStreams, PrintToAStream)
+{
+    const ScopedLocale locale("C.UTF-8");
+    const ScratchFolder folder;
+    FILE* const stream = std::fopen("printed", "w");
+    ASSERT_NE(stream, nullptr);
+    EXPECT_EQ(printListTo(stream, L"<%s|%d>", L"\u00e9", 7), 5);
+    EXPECT_EQ(_tarfwprintf(stream, L"[%s|%hs]", L"wide", "narrow"), 13);
+    EXPECT_EQ(std::fclose(stream), 0);
+    EXPECT_EQ(folder.read("printed"), "<\u00e9|7>[wide|narrow]");
+}
+
+// ---- Counting ----------------------------------------------------------------------------------------------------
+
+TEST(Counting, CountsNarrowTextWithoutTerminator)
+{
+    const ScopedLocale locale("C.UTF-8");
+    EXPECT_EQ(scprintf("abc"), 3);
+    EXPECT_EQ(scprintf(""), 0);
+    EXPECT_EQ(scprintf("%s %5d", "ab", 7), 8);
+    EXPECT_EQ(scprintf("%ls", L"\u00e9"), 2);
+    EXPECT_EQ(scprintf("%600000d", 1), 600000);
+}
+
+TEST(Counting, RefusesNarrowTextThatTheLocaleCannotEncode)
+{
+    const ScopedLocale locale("C");
+    EXPECT_EQ(scprintf("%ls", L"\u00e9"), -1);
+}
+
+TEST(Counting, CountsWideTextWithTerminator)
+{
+    errno = 77;
+    EXPECT_EQ(scwprintf(L"abc"), 4);
+    EXPECT_EQ(scwprintf(L""), 1);
+    EXPECT_EQ(scwprintf(L"%s%d", L"ab", 7), 4);
+    EXPECT_EQ(scwprintf(L"a%lcb", L'\0'), 4);
+    EXPECT_EQ(errno, 77);
+}
+
+// Lengths around every size at which scratch grows, and around the largest.
+TEST(Counting, CountsAndWritesTextsOfEveryLengthUpToTheLargest)
+{
+    for (const std::size_t length : {1022U, 1023U, 1024U, 1025U, 2047U, 2048U, 8191U, 8192U, 16384U, 65535U, 65536U,
+                                     65537U, 131072U, 262143U, 262144U, 524286U, 524287U})
+    {
+        SCOPED_TRACE(length);
+        const std::wstring text(length, L'x');
+        const int expected = static_cast<int>(length);
+        EXPECT_EQ(scwprintf(L"%s", text.c_str()), expected + 1);
+        for (const auto& [name, write] : unlimitedWriters)
+        {
+            std::vector<wchar_t> buffer(length + 2, L'#');
+            EXPECT_EQ(write(buffer.data(), L"%s", text.c_str()), expected) << name;
+            EXPECT_TRUE(std::wstring(buffer.data(), buffer.size()) == text + L"\0#"s) << name;
+        }
+        std::vector<wchar_t> buffer(length + 2, L'#');
+        EXPECT_EQ(swprintfS(buffer.data(), length + 1, L"%s", text.c_str()), expected);
+        EXPECT_TRUE(std::wstring(buffer.data(), buffer.size()) == text + L"\0#"s);
+        std::vector<wchar_t> cut(length + 2, L'#');
+        EXPECT_EQ(swprintfS(cut.data(), length, L"%s", text.c_str()), expected - 1);
+        EXPECT_TRUE(std::wstring(cut.data(), cut.size()) == text + L"\0#"s);
+    }
+}
+
+TEST(Counting, RefusesLongerTexts)
+{
+    for (const std::size_t length : {524288U, 524289U, 1048576U})
+    {
+        SCOPED_TRACE(length);
+        const std::wstring text(length, L'x');
+        Buffer buffer;
+        EXPECT_EQ(scwprintf(L"%s", text.c_str()), -1);
+        EXPECT_EQ(swprintfS(buffer.data(), 3, L"%s", text.c_str()), -1);
+        EXPECT_EQ(swprintfS(buffer.data(), length + 1, L"%s", text.c_str()), -1);
+        EXPECT_EQ(snwprintfS(buffer.data(), 80, 3, L"%s", text.c_str()), -1);
+        for (const auto& [name, write] : unlimitedWriters)
+        {
+            EXPECT_EQ(write(buffer.data(), L"%s", text.c_str()), -1) << name;
+        }
+        EXPECT_EQ(buffer.contents(), Buffer::untouched());
+
+        // The bounded form has its limit from the caller alone.
+        std::vector<wchar_t> large(length + 1);
+        EXPECT_EQ(_tarswprintf(large.data(), large.size(), L"%s", text.c_str()), static_cast<int>(length));
+        EXPECT_TRUE(std::wstring(large.data()) == text);
+    }
+}
+
+TEST(Counting, RefusesTextThatCannotBeConverted)
+{
+    const ScopedLocale locale("C.UTF-8");
+    Buffer buffer;
+    EXPECT_EQ(scwprintf(L"ab%hs", "\xff"), -1);
+    EXPECT_EQ(swprintfS(buffer.data(), 80, L"ab%hs", "\xff"), -1);
+    EXPECT_EQ(snwprintfS(buffer.data(), 80, 80, L"ab%hs", "\xff"), -1);
+    for (const auto& [name, write] : unlimitedWriters)
+    {
+        EXPECT_EQ(write(buffer.data(), L"ab%hs", "\xff"), -1) << name;
+    }
+    EXPECT_EQ(buffer.contents(), Buffer::untouched());
+    EXPECT_EQ(_tarswprintf(buffer.data(), 80, L"ab%hs", "\xff"), -1);
+}
+
+TEST(Counting, RefusesWhenThereIsNoMemory)
+{
+    const std::wstring text(1024, L'x');
+    Buffer buffer;
+    arraysFail = true;
+    const int counted = scwprintf(L"%s", text.c_str());
+    const int bounded = swprintfS(buffer.data(), 3, L"%s", text.c_str());
+    const int written = unbounded(buffer.data(), L"%s", text.c_str());
+    const int shortOnes = scwprintf(L"%.1023ls", text.c_str());
+    arraysFail = false;
+    EXPECT_EQ(counted, -1);
+    EXPECT_EQ(bounded, -1);
+    EXPECT_EQ(written, -1);
+    EXPECT_EQ(shortOnes, 1024);
+    EXPECT_EQ(buffer.contents(), Buffer::untouched());
+}
+
+// ---- Writing -----------------------------------------------------------------------------------------------------
+
+TEST(BoundedWriting, WritesWhatFitsAndRefusesWhatDoesNot)
+{
+    struct Row
+    {
+        std::size_t count;
+        int result;
+        std::wstring written;
+    };
+    const Row rows[] = {
+        {0, -1, L""},     {1, -1, L"\0"s},     {2, -1, L"a"},        {4, -1, L"abc"},
+        {5, -1, L"abcd"}, {6, 5, L"abcde\0"s}, {16, 5, L"abcde\0"s},
+    };
+    for (const Row& row : rows)
+    {
+        SCOPED_TRACE(row.count);
+        Buffer list;
+        EXPECT_EQ(fourArguments(list.data(), row.count, L"%s%ls", L"ab", L"cde"), row.result);
+        EXPECT_EQ(list.contents(), Buffer::startingWith(row.written));
+        Buffer direct;
+        EXPECT_EQ(_tarswprintf(direct.data(), row.count, L"%s%ls", L"ab", L"cde"), row.result);
+        EXPECT_EQ(direct.contents(), Buffer::startingWith(row.written));
+    }
+}
+
+TEST(UnlimitedWriting, WritesTextAndTerminatorAndNothingElse)
+{
+    errno = 77;
+    for (const auto& [name, write] : unlimitedWriters)
+    {
+        SCOPED_TRACE(name);
+        Buffer text;
+        EXPECT_EQ(write(text.data(), L"%s-%d", L"ab", 42), 5);
+        EXPECT_EQ(text.contents(), Buffer::startingWith(L"ab-42\0"s));
+        Buffer empty;
+        EXPECT_EQ(write(empty.data(), L""), 0);
+        EXPECT_EQ(empty.contents(), Buffer::startingWith(L"\0"s));
+        Buffer holdsNull;
+        EXPECT_EQ(write(holdsNull.data(), L"a%lcb", L'\0'), 3);
+        EXPECT_EQ(holdsNull.contents(), Buffer::startingWith(L"a\0b\0"s));
+    }
+    EXPECT_EQ(errno, 77);
+}
+
+TEST(UnlimitedWriting, StandsBesideTheCLibrarysForm)
+{
+    Buffer buffer;
+    EXPECT_EQ(swprintf(buffer.data(), 4, L"%d", 123), 3);
+    EXPECT_EQ(std::swprintf(buffer.data(), 3, L"%d", 123), -1);
+    EXPECT_EQ(swprintf(buffer.data(), L"%s", L"12345"), 5);
+    EXPECT_STREQ(buffer.data(), L"12345");
+}
+
+TEST(CuttingWriting, CutsAtTheSizeAndTerminatesBehindIt)
+{
+    struct Row
+    {
+        std::size_t size;
+        int result;
+        std::wstring written;
+    };
+    const Row rows[] = {
+        {0, -1, L"\0"s},      {1, 0, L"a\0"s},
+        {3, 2, L"abc\0"s},    {5, 4, L"abcde\0"s},
+        {6, 5, L"abcdef\0"s}, {7, 6, L"abcdef\0"s},
+        {8, 6, L"abcdef\0"s}, {static_cast<std::size_t>(-1), 6, L"abcdef\0"s},
+    };
+    for (const Row& row : rows)
+    {
+        SCOPED_TRACE(row.size);
+        errno = 77;
+        Buffer plain;
+        EXPECT_EQ(swprintfS(plain.data(), row.size, L"%sf", L"abcde"), row.result);
+        EXPECT_EQ(plain.contents(), Buffer::startingWith(row.written));
+        for (const std::size_t bufferSize : {0U, 3U, 100U})
+        {
+            Buffer byCount;
+            EXPECT_EQ(snwprintfS(byCount.data(), bufferSize, row.size, L"abcdef"), row.result);
+            EXPECT_EQ(byCount.contents(), Buffer::startingWith(row.written));
+        }
+        EXPECT_EQ(errno, 77);
+    }
+}
+
+TEST(CuttingWriting, WritesEmptyTexts)
+{
+    Buffer none;
+    EXPECT_EQ(swprintfS(none.data(), 0, L""), -1);
+    EXPECT_EQ(none.contents(), Buffer::startingWith(L"\0"s));
+    Buffer one;
+    EXPECT_EQ(swprintfS(one.data(), 1, L""), 0);
+    EXPECT_EQ(one.contents(), Buffer::startingWith(L"\0"s));
+}
+
+TEST(CuttingWriting, CutsNarrowTextAsTheCLibraryDoes)
+{
+    struct Row
+    {
+        std::size_t size;
+        std::string written;
+    };
+    const Row rows[] = {
+        {0, ""}, {1, "\0"s}, {3, "ab\0"s}, {6, "abcde\0"s}, {7, "abcdef\0"s}, {16, "abcdef\0"s},
+    };
+    for (const Row& row : rows)
+    {
+        NarrowBuffer buffer;
+        EXPECT_EQ(sprintfS(buffer.data(), row.size, "%s%c", "abcde", 'f'), 6) << row.size;
+        EXPECT_EQ(buffer.contents(), NarrowBuffer::startingWith(row.written)) << row.size;
+    }
+}
+
+TEST(NarrowFormats, AllowPercentNInReadOnlyMemoryOnly)
+{
+    int counted = 0;
+    EXPECT_EQ(scprintf("ab%nc", &counted), 3);
+    EXPECT_EQ(counted, 2);
+    NarrowBuffer buffer;
+    EXPECT_EQ(sprintfS(buffer.data(), 16, "abc%n", &counted), 3);
+    EXPECT_EQ(counted, 3);
+
+    std::string writable = "ab%nc";
+    EXPECT_EXIT(scprintf(writable.c_str(), &counted), testing::KilledBySignal(SIGABRT), "");
+    EXPECT_EXIT(sprintfS(buffer.data(), 16, writable.c_str(), &counted), testing::KilledBySignal(SIGABRT), "");
+}
+
+// The thread sanitizer watches this one.
+TEST(UnlimitedWriting, SharesNothingBetweenThreads)
+{
+    std::array<std::thread, 4> threads;
+    std::array<bool, 4> good = {};
+    for (std::size_t index = 0; index < threads.size(); ++index)
+    {
+        threads[index] = std::thread(
+            [index, &good]
+            {
+                const std::wstring text(600 * (index + 1), static_cast<wchar_t>(L'a' + index));
+                std::vector<wchar_t> buffer(text.size() + 1);
+                good[index] = true;
+                for (int round = 0; round < 100; ++round)
+                {
+                    good[index] &= encodedSwprintf(buffer.data(), L"%s", text.c_str()) == static_cast<int>(text.size());
+                    good[index] &= text == buffer.data();
+                }
+            });
+    }
+    for (std::thread& thread : threads)
+    {
+        thread.join();
+    }
+    EXPECT_EQ(good, (std::array<bool, 4>{true, true, true, true}));
+}
+
+// ---- Deviations --------------------------------------------------------------------------------------------------
+
+// The wide format language, as any of its functions shows it.
+template <class Write>
+void expectFormatLanguageOfSwprintf(Write write)
+{
+    EXPECT_EQ(write(L"%s|%4s|%%s", L"ab", "cd"), L"ab|  cd|%ls");
+}
+
+TEST(vscprintf, ReadsFormatsAsTheCLibraryDoes)
+{
+    // A flag, a width and a conversion to the C library.
+    EXPECT_EQ(scprintf("%I64d", 5), 64);
+}
+
+TEST(vsprintfs, CutsTooLongTextAndAnswersItsLength)
+{
+    NarrowBuffer buffer;
+    EXPECT_EQ(sprintfS(buffer.data(), 3, "abcdef"), 6);
+    EXPECT_EQ(buffer.contents(), NarrowBuffer::startingWith("ab\0"s));
+}
+
+TEST(vscwprintf, CountsTheTerminator)
+{
+    EXPECT_EQ(scwprintf(L"abc"), 4);
+}
+
+TEST(vscwprintf, GivesUpBeyond524287Characters)
+{
+    EXPECT_EQ(scwprintf(L"%524287d", 1), 524288);
+    EXPECT_EQ(scwprintf(L"%524288d", 1), -1);
+}
+
+TEST(vscwprintf, ReadsFormatsAsSwprintfDoes)
+{
+    EXPECT_EQ(scwprintf(L"%s|%4s|%%s", L"ab", "cd"), 12);
+}
+
+TEST(vswprintf, GivesUpBeyond524287Characters)
+{
+    Buffer buffer;
+    EXPECT_EQ(unbounded(buffer.data(), L"%524288d", 1), -1);
+    EXPECT_EQ(buffer.contents(), Buffer::untouched());
+}
+
+TEST(vswprintf, ReadsFormatsAsSwprintfDoes)
+{
+    expectFormatLanguageOfSwprintf(
+        [](const wchar_t* format, const wchar_t* wide, const char* narrow)
+        {
+            Buffer buffer;
+            unbounded(buffer.data(), format, wide, narrow);
+            return std::wstring(buffer.data());
+        });
+}
+
+TEST(vswprintfs, CutsTooLongTextAndTerminatesPastTheSize)
+{
+    Buffer buffer;
+    EXPECT_EQ(swprintfS(buffer.data(), 3, L"abcdef"), 2);
+    EXPECT_EQ(buffer.contents(), Buffer::startingWith(L"abc\0"s));
+}
+
+TEST(vswprintfs, GivesUpBeyond524287Characters)
+{
+    Buffer buffer;
+    EXPECT_EQ(swprintfS(buffer.data(), 3, L"%524288d", 1), -1);
+    EXPECT_EQ(buffer.contents(), Buffer::untouched());
+}
+
+TEST(vswprintfs, ReadsFormatsAsSwprintfDoes)
+{
+    expectFormatLanguageOfSwprintf(
+        [](const wchar_t* format, const wchar_t* wide, const char* narrow)
+        {
+            Buffer buffer;
+            swprintfS(buffer.data(), Buffer::size(), format, wide, narrow);
+            return std::wstring(buffer.data());
+        });
+}
+
+TEST(vsnwprintfs, IgnoresTheBufferSize)
+{
+    Buffer buffer;
+    EXPECT_EQ(snwprintfS(buffer.data(), 2, 7, L"abcdef"), 6);
+    EXPECT_EQ(buffer.contents(), Buffer::startingWith(L"abcdef\0"s));
+}
+
+TEST(vsnwprintfs, CutsToCountAndAnswersOneLess)
+{
+    Buffer buffer;
+    EXPECT_EQ(snwprintfS(buffer.data(), 100, 3, L"abcdef"), 2);
+    EXPECT_EQ(buffer.contents(), Buffer::startingWith(L"abc\0"s));
+}
+
+TEST(vsnwprintfs, ReadsFormatsAsSwprintfDoes)
+{
+    expectFormatLanguageOfSwprintf(
+        [](const wchar_t* format, const wchar_t* wide, const char* narrow)
+        {
+            Buffer buffer;
+            snwprintfS(buffer.data(), Buffer::size(), Buffer::size(), format, wide, narrow);
+            return std::wstring(buffer.data());
+        });
+}
+
+TEST(swprintf, ReadsPaddedStringsAsNarrow)
+{
+    Buffer buffer;
+    EXPECT_EQ(swprintf(buffer.data(), L"%10s", "ab"), 10);
+    EXPECT_STREQ(buffer.data(), L"        ab");
+}
+
+TEST(swprintf, ReadsCapitalSAsWide)
+{
+    Buffer buffer;
+    EXPECT_EQ(swprintf(buffer.data(), L"%S", L"ab"), 2);
+    EXPECT_STREQ(buffer.data(), L"ab");
+}
+
+TEST(swprintf, ReadsCAsAByte)
+{
+    Buffer buffer;
+    EXPECT_EQ(swprintf(buffer.data(), L"%c%lc", L'\u0141', L'\u0141'), 2);
+    EXPECT_STREQ(buffer.data(), L"A\u0141");
+}
+
+TEST(swprintf, TurnsPercentPercentSIntoPercentLs)
+{
+    Buffer buffer;
+    EXPECT_EQ(swprintf(buffer.data(), L"%%s"), 3);
+    EXPECT_STREQ(buffer.data(), L"%ls");
+}
+
+TEST(swprintf, GivesUpBeyond524287Characters)
+{
+    Buffer buffer;
+    EXPECT_EQ(swprintf(buffer.data(), L"%524288d", 1), -1);
+    EXPECT_EQ(buffer.contents(), Buffer::untouched());
+}
+
+TEST(wsprintfW, WritesMoreThan1024Characters)
+{
+    std::vector<wchar_t> buffer(2001, L'#');
+    EXPECT_EQ(wsprintfW(buffer.data(), L"%2000d", 1), 2000);
+    EXPECT_EQ(std::wstring(buffer.data()), std::wstring(1999, L' ') + L"1");
+}
+
+TEST(wsprintfW, ReadsFormatsAsSwprintfDoes)
+{
+    expectFormatLanguageOfSwprintf(
+        [](const wchar_t* format, const wchar_t* wide, const char* narrow)
+        {
+            Buffer buffer;
+            wsprintfW(buffer.data(), format, wide, narrow);
+            return std::wstring(buffer.data());
+        });
+}
+
+} // namespace

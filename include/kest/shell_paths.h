@@ -145,6 +145,34 @@ KEST_API wchar_t* PathCombineW(wchar_t* destination, const wchar_t* directory, c
  */
 KEST_API BOOL PathMatchSpecW(const wchar_t* file, const wchar_t* pattern);
 
+/* ---- Directories ------------------------------------------------------------------------------ */
+
+/**
+ * Tells whether a path is a directory that can be opened. Its descriptor stays open.
+ * @param path  cut after 4095 bytes of its multibyte form, and at the first character that the locale cannot encode.
+ * @return 1 when it is, else 0.
+ * @lasterror what the C library's calls left.
+ * @null path: answers 0.
+ * @kind local
+ * @differs{PathIsDirectoryW.LeavesADescriptorOpen} One for each call that answers 1; when the process can open no more,
+ * the answer is 0.
+ * @differs{PathIsDirectoryW.NeedsReadPermission} A directory that cannot be read answers 0.
+ */
+KEST_API BOOL PathIsDirectoryW(const wchar_t* path);
+
+/**
+ * Makes a directory as CreateDirectoryW does.
+ * @param window    ignored.
+ * @param security  ignored.
+ * @return 0 on success, else E_FAIL.
+ * @lasterror what the C library's calls left.
+ * @null path: answers E_FAIL.
+ * @kind local
+ * @differs{SHCreateDirectoryExW.TakesWhatExistsForSuccess} A directory or file that exists answers 0.
+ * @differs{SHCreateDirectoryExW.AnswersOneFailureOnly} Windows answers a system error code.
+ */
+KEST_API int SHCreateDirectoryExW(HWND window, const wchar_t* path, const SECURITY_ATTRIBUTES* security);
+
 /* ---- Paths that the host knows about ----------------------------------------------------------- */
 
 /**

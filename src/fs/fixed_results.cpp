@@ -1,3 +1,4 @@
+#include "kest/crt/file_wrappers.h"
 #include "kest/kernel/files.h"
 
 BOOL GetFileInformationByHandleEx(HANDLE, FILE_INFO_BY_HANDLE_CLASS, void*, DWORD)
@@ -16,6 +17,11 @@ void* MapViewOfFile(HANDLE, DWORD, DWORD, DWORD, SIZE_T)
 }
 
 BOOL UnmapViewOfFile(const void*)
+{
+    return 0;
+}
+
+int _setmode(int, int)
 {
     return 0;
 }

@@ -17,6 +17,7 @@ extern "C"
                            std::size_t objectSize) noexcept;
     std::size_t __mbstowcs_chk(wchar_t* destination, const char* source, std::size_t limit,
                                std::size_t objectSize) noexcept;
+    int __sprintf_chk(char* destination, int flag, std::size_t objectSize, const char* format, ...) noexcept;
     int __snprintf_chk(char* destination, std::size_t size, int flag, std::size_t objectSize, const char* format,
                        ...) noexcept;
     int __vsnprintf_chk(char* destination, std::size_t size, int flag, std::size_t objectSize, const char* format,

@@ -9,6 +9,9 @@
 
 KEST_C_BEGIN
 
+/** Always 0: a descriptor has no text mode. @kind fixed result */
+KEST_API int _setmode(int descriptor, int mode);
+
 KEST_C_END
 
 #endif

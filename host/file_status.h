@@ -1,0 +1,22 @@
+// Windows's view of a file's status.
+#pragma once
+
+#include "kest/base_types.h"
+
+#include <ctime>
+#include <string>
+#include <sys/stat.h>
+
+namespace kest::host
+{
+
+// The status of a folder's entry: of what a link leads to, or of the link where that is nothing.
+bool statusAt(int folder, const std::string& name, struct stat& status, bool& isLink);
+
+// FILE_ATTRIBUTE_* of a file; the name decides whether it is hidden.
+DWORD attributesOf(const std::string& name, const struct stat& status, bool isLink);
+
+// Whole seconds since 1970.
+FILETIME fileTime(std::time_t seconds);
+
+} // namespace kest::host

@@ -235,6 +235,7 @@ KEST_API BOOL PathIsRelativeW(const wchar_t* pszPath);
  * @kind forward: IFileSystemService::PathFindExtensionW
  */
 KEST_API wchar_t* PathFindExtensionW(const wchar_t* pszPath);
+
 /* ---- Programs --------------------------------------------------------------------------------- */
 
 /**

@@ -1,7 +1,7 @@
+#include "kest/kernel/environment.h"
 #include "kest/kernel/files.h"
 #include "support/text.h"
 
-#include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
 #include <sys/file.h>
@@ -109,7 +109,7 @@ HANDLE CreateFileW(const wchar_t* name, DWORD access, DWORD share, SECURITY_ATTR
     if (access != 0 && isLocked(fileno(stream)))
     {
         std::fclose(stream);
-        errno = ERROR_SHARING_VIOLATION;
+        SetLastError(ERROR_SHARING_VIOLATION);
         return INVALID_HANDLE_VALUE;
     }
     return stream;

@@ -125,6 +125,42 @@ KEST_API UINT GetTempFileNameA(const char* directory, const char* prefix, UINT u
  */
 KEST_API UINT GetTempFileNameW(const wchar_t* directory, const wchar_t* prefix, UINT unique, wchar_t* out);
 
+/* ---- Full paths ------------------------------------------------------------------------------- */
+
+/**
+ * Makes a path absolute, with its symbolic links resolved. The result is what realpath() finds: for a path whose last
+ * component does not exist yet, that component in the resolved directory; when an earlier component is missing, the
+ * path up to that one. The name itself is the result when realpath() finds nothing, something shorter than the name's
+ * number of characters, more bytes than fit the buffer's number of characters, or what cannot be widened.
+ * @param size      characters in buffer.
+ * @param buffer    receives the result and its terminator; may be name.
+ * @param filePart  unless null, receives the first place in buffer where the text of the last component occurs, as
+ *                  _wsplitpath finds it; untouched when the result is an existing directory.
+ * @return the length of the result in characters; 0, with nothing written, when the name is empty, cannot be encoded,
+ * or has as many characters or bytes as the buffer has characters.
+ * @null name: answers 0. buffer must not be null.
+ * @kind local
+ * @differs{GetFullPathNameW.ResolvesSymbolicLinks} Windows looks at the text only.
+ * @differs{GetFullPathNameW.KeepsNamesLongerThanTheirResult} "/tmp/../usr" stays as it is.
+ * @differs{GetFullPathNameW.StopsAtAMissingDirectory} "missing/name" can become the path of "missing".
+ * @differs{GetFullPathNameW.FindsTheFirstPlaceOfTheFilePart} In "/x/y/x" it is the first "x".
+ * @differs{GetFullPathNameW.RefusesSmallBuffers} The size needed is not told; size 0 answers 0.
+ */
+KEST_API DWORD GetFullPathNameW(const wchar_t* name, DWORD size, wchar_t* buffer, wchar_t** filePart);
+
+/**
+ * The same on narrow text; sizes and lengths are in bytes, and the last component is what follows the last "/". When
+ * the result is the name itself, the rest of the buffer is filled with zeros.
+ * @null name: answers 0. buffer must not be null.
+ * @kind local
+ * @differs{GetFullPathNameA.ResolvesSymbolicLinks} Windows looks at the text only.
+ * @differs{GetFullPathNameA.KeepsNamesLongerThanTheirResult} "/tmp/../usr" stays as it is.
+ * @differs{GetFullPathNameA.StopsAtAMissingDirectory} "missing/name" can become the path of "missing".
+ * @differs{GetFullPathNameA.FindsTheFirstPlaceOfTheFilePart} In "/x/y/x" it is the first "x".
+ * @differs{GetFullPathNameA.RefusesSmallBuffers} The size needed is not told; size 0 answers 0.
+ */
+KEST_API DWORD GetFullPathNameA(const char* name, DWORD size, char* buffer, char** filePart);
+
 KEST_C_END
 
 #ifdef __cplusplus

@@ -471,8 +471,10 @@ typedef struct _numberfmtW
 
 /* ---- Modules ---------------------------------------------------------------------------------- */
 
-/* Reasons that a module's DllMain is called with. */
+/* Reasons that a module's DllMain is called with; those of threads never come. */
 #define DLL_PROCESS_DETACH 0
 #define DLL_PROCESS_ATTACH 1
+#define DLL_THREAD_ATTACH 2
+#define DLL_THREAD_DETACH 3
 
 #endif

@@ -1,6 +1,6 @@
 #include "support/locale.h"
+#include "support/last_error.h"
 
-#include <cerrno>
 #include <clocale>
 
 namespace kest
@@ -8,9 +8,8 @@ namespace kest
 
 void setCharacterTypeToUtf8()
 {
-    const int lastError = errno;
+    const KeptLastError kept;
     setlocale(LC_CTYPE, "UTF-8");
-    errno = lastError;
 }
 
 } // namespace kest

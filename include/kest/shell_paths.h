@@ -191,6 +191,13 @@ KEST_API BOOL PathIsURLW(const wchar_t* pszPath);
 KEST_API wchar_t* PathAddBackslashW(wchar_t* pszPath);
 
 /**
+ * Tells whether a path exists. The name under which it does, which the service tells as well, is dropped.
+ * @return the service's result.
+ * @kind forward: IFileSystemService::PathFileExistsW
+ */
+KEST_API BOOL PathFileExistsW(const wchar_t* path);
+
+/**
  * Asks where a folder of the user or the system is.
  * @param nFolder  CSIDL_*.
  * @param dwFlags  SHGFP_TYPE_*.

@@ -1,11 +1,10 @@
+#include "fs/directory_stream.h"
 #include "kest/kernel/directories.h"
 #include "support/second_name.h"
 
 #include <cstddef>
 #include <cstdio>
-#include <dirent.h>
 #include <fcntl.h>
-#include <memory>
 #include <set>
 #include <string>
 #include <string_view>
@@ -33,14 +32,9 @@ public:
     bool remove();
 
 private:
-    struct CloseStream
-    {
-        void operator()(DIR* stream) const { closedir(stream); }
-    };
-    using Stream = std::unique_ptr<DIR, CloseStream>;
     using Identity = std::pair<dev_t, ino_t>;
 
-    bool empty(Stream stream);
+    bool empty(kest::DirectoryStream stream);
     bool isWithinReach(std::string_view name) const { return path_.size() + 1 + name.size() <= longestPath; }
 
     std::string path_;
@@ -70,7 +64,7 @@ unsigned char typeOf(int directory, const dirent& entry)
 
 bool TreeRemoval::remove()
 {
-    Stream stream(opendir(path_.c_str()));
+    kest::DirectoryStream stream(opendir(path_.c_str()));
     struct stat status;
     if (stream == nullptr || fstat(dirfd(stream.get()), &status) != 0)
     {
@@ -96,7 +90,7 @@ bool TreeRemoval::remove()
 
 // Files go while the directory is read; directories wait until it is closed, so that the depth of the tree is not
 // limited by the number of descriptors.
-bool TreeRemoval::empty(Stream stream)
+bool TreeRemoval::empty(kest::DirectoryStream stream)
 {
     bool complete = true;
     std::vector<std::string> directories;

@@ -1,4 +1,3 @@
-#include "harness/child_process.h"
 #include "harness/open_descriptors.h"
 #include "harness/scoped_locale.h"
 #include "harness/scratch_folder.h"

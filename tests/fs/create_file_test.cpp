@@ -1,5 +1,5 @@
-#include "harness/child_process.h"
 #include "harness/open_descriptors.h"
+#include "harness/ordinary_user.h"
 #include "harness/scoped_locale.h"
 #include "harness/scratch_folder.h"
 #include "kest/kernel/files.h"

@@ -1,4 +1,4 @@
-#include "harness/child_process.h"
+#include "harness/in_child.h"
 #include "harness/open_descriptors.h"
 #include "harness/scratch_folder.h"
 #include "kest/kernel/directories.h"
@@ -21,7 +21,7 @@ namespace fs = std::filesystem;
 
 using kest::test::openDescriptorCount;
 using kest::test::ScratchFolder;
-using kest::test::statusOfChild;
+using kest::test::statusInChild;
 
 // Makes every stat() of the process fail while it is set: there is no other way to make a path that access() finds
 // and stat() does not.
@@ -233,7 +233,7 @@ TEST(DeletingTrees, NeedsNoDescriptorForEachLevel)
     }
     fs::create_directories(path);
     folder.write(path + "/file", "content");
-    EXPECT_EQ(statusOfChild(
+    EXPECT_EQ(statusInChild(
                   []
                   {
                       const rlimit few = {32, 32};

@@ -1,5 +1,6 @@
-#include "harness/child_process.h"
+#include "harness/in_child.h"
 #include "harness/open_descriptors.h"
+#include "harness/ordinary_user.h"
 #include "harness/scoped_locale.h"
 #include "harness/scratch_folder.h"
 #include "harness/sentinel_buffer.h"
@@ -26,7 +27,7 @@ using kest::test::LeftOpen;
 using kest::test::openDescriptorCount;
 using kest::test::ScopedLocale;
 using kest::test::ScratchFolder;
-using kest::test::statusOfChild;
+using kest::test::statusInChild;
 using kest::test::statusOfOrdinaryUser;
 using namespace std::string_literals;
 using Buffer = kest::test::SentinelBuffer<wchar_t, 16>;
@@ -309,7 +310,7 @@ TEST(PathIsDirectoryW, LeavesADescriptorOpen)
     EXPECT_EQ(PathIsDirectoryW(L"missing"), 0);
     EXPECT_EQ(openDescriptorCount(), before + 2);
 
-    EXPECT_EQ(statusOfChild(
+    EXPECT_EQ(statusInChild(
                   []
                   {
                       const rlimit none = {0, 0};

@@ -249,9 +249,9 @@ typedef struct _OVERLAPPED
 {
     ULONG_PTR Internal;
     ULONG_PTR InternalHigh;
-    union
+    __extension__ union
     {
-        __extension__ struct
+        struct
         {
             DWORD Offset;
             DWORD OffsetHigh;

@@ -269,6 +269,28 @@ KEST_API wchar_t* PathFindExtensionW(const wchar_t* pszPath);
 KEST_API HINSTANCE ShellExecuteW(HWND hwnd, const wchar_t* operation, const wchar_t* file, const wchar_t* parameters,
                                  const wchar_t* directory, int show);
 
+/* ---- Strings ---------------------------------------------------------------------------------- */
+
+/**
+ * Compares two strings by their codes: the C library's wcscmp.
+ * @return negative, 0 or positive.
+ * @lasterror left as it is.
+ * @null not tested: ends the process.
+ * @kind local
+ * @differs{StrCmpI.ComparesCaseSensitively} Case counts, despite the name.
+ */
+KEST_API int StrCmpI(PCWSTR a, PCWSTR b);
+
+/**
+ * Finds a string in another: the C library's wcsstr.
+ * @return the first occurrence of part in string, or null; string itself for an empty part.
+ * @lasterror left as it is.
+ * @null not tested: ends the process.
+ * @kind local
+ * @differs{StrStrIW.SearchesCaseSensitively} Case counts, despite the name.
+ */
+KEST_API PWSTR StrStrIW(PCWSTR string, PCWSTR part);
+
 KEST_C_END
 
 #endif

@@ -1,5 +1,5 @@
 /*
- * Kest Platform Base: strings.
+ * Kest Platform Base: the user interface's string functions.
  */
 #ifndef KEST_USER_INTERFACE_STRINGS_H
 #define KEST_USER_INTERFACE_STRINGS_H
@@ -20,6 +20,29 @@ KEST_C_BEGIN
  * @differs{wsprintfW.ReadsFormatsAsSwprintfDoes} Formats are the C library's, with "%s" for wide text.
  */
 KEST_API int wsprintfW(wchar_t* buffer, const wchar_t* format, ...);
+
+/**
+ * Maps a string to upper case, in place, by the process's character-type locale. The length is taken once, as a
+ * signed 32-bit number: a string of 2^31 characters or more is mapped in part or not at all.
+ * @return string.
+ * @lasterror left as it is.
+ * @null not tested: ends the process.
+ * @kind local
+ * @differs{CharUpperW.TakesNoSingleCharacter} The argument is always a string, so that a character in place of the
+ *     pointer ends the process.
+ */
+KEST_API LPWSTR CharUpperW(LPWSTR string);
+
+/**
+ * Maps a string to lower case, otherwise as CharUpperW does.
+ * @return string.
+ * @lasterror left as it is.
+ * @null not tested: ends the process.
+ * @kind local
+ * @differs{CharLowerW.TakesNoSingleCharacter} The argument is always a string, so that a character in place of the
+ *     pointer ends the process.
+ */
+KEST_API LPWSTR CharLowerW(LPWSTR string);
 
 KEST_C_END
 

@@ -245,7 +245,7 @@ typedef struct _BY_HANDLE_FILE_INFORMATION
     DWORD nFileIndexLow;
 } BY_HANDLE_FILE_INFORMATION, *PBY_HANDLE_FILE_INFORMATION, *LPBY_HANDLE_FILE_INFORMATION;
 
-typedef struct _OVERLAPPED
+__extension__ typedef struct _OVERLAPPED
 {
     ULONG_PTR Internal;
     ULONG_PTR InternalHigh;

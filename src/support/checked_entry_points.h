@@ -26,6 +26,7 @@ extern "C"
                        ...) noexcept;
     int __vswprintf_chk(wchar_t* destination, std::size_t size, int flag, std::size_t objectSize, const wchar_t* format,
                         std::va_list arguments) noexcept;
+    [[noreturn]] void __chk_fail() noexcept; // what they all do on overflow
     int __vwprintf_chk(int flag, const wchar_t* format, std::va_list arguments);
     int __vfwprintf_chk(std::FILE* stream, int flag, const wchar_t* format, std::va_list arguments);
 }

@@ -1,0 +1,353 @@
+// Reads profile (INI) text as it stands in a file. Everything is bytes; blank is what the locale's isspace says.
+#include "kest/kernel/profiles.h"
+#include "support/checked_entry_points.h"
+#include "support/second_name.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cstdint>
+#include <cstring>
+#include <fcntl.h>
+#include <memory>
+#include <new>
+#include <optional>
+#include <string_view>
+#include <unistd.h>
+
+namespace
+{
+
+bool isBlank(char character)
+{
+    return std::isspace(static_cast<unsigned char>(character)) != 0;
+}
+
+std::string_view withoutLeadingBlanks(std::string_view text)
+{
+    while (!text.empty() && isBlank(text.front()))
+    {
+        text.remove_prefix(1);
+    }
+    return text;
+}
+
+std::string_view withoutTrailingBlanks(std::string_view text)
+{
+    while (!text.empty() && isBlank(text.back()))
+    {
+        text.remove_suffix(1);
+    }
+    return text;
+}
+
+// ---- What the caller asks for
+
+// A section's or key's name; an absent one asks for the names that there are. An empty one differs from that.
+std::optional<std::string_view> requestedName(const char* name)
+{
+    if (name == nullptr)
+    {
+        return std::nullopt;
+    }
+    return withoutTrailingBlanks(withoutLeadingBlanks(name));
+}
+
+// Spaces at the end do not count, but the first character always does.
+std::string_view defaultText(const char* text)
+{
+    std::string_view kept = text == nullptr ? "" : text;
+    while (kept.size() > 1 && kept.back() == ' ')
+    {
+        kept.remove_suffix(1);
+    }
+    return kept;
+}
+
+// ---- The file
+
+enum class FileState
+{
+    missing,
+    empty,
+    unreadable,
+    read
+};
+
+class ProfileFile
+{
+public:
+    explicit ProfileFile(const char* path)
+    {
+        // A file that cannot be written counts as missing.
+        const int descriptor = path == nullptr ? -1 : open(path, O_RDWR | O_CLOEXEC);
+        if (descriptor != -1)
+        {
+            state_ = read(descriptor);
+            close(descriptor);
+        }
+    }
+
+    FileState state() const { return state_; }
+
+    // The file's content up to its first NUL.
+    std::string_view text() const { return image_.get(); }
+
+private:
+    static constexpr off_t emptyAsWell = UINT32_MAX;
+
+    FileState read(int descriptor)
+    {
+        lseek(descriptor, 0, SEEK_END);
+        const off_t length = lseek(descriptor, 0, SEEK_CUR);
+        lseek(descriptor, 0, SEEK_SET);
+        if (length == 0 || length == emptyAsWell)
+        {
+            return FileState::empty;
+        }
+        // What has no position, such as a pipe, has no length.
+        if (length == -1)
+        {
+            return FileState::unreadable;
+        }
+        const auto size = static_cast<std::size_t>(length);
+        image_.reset(new (std::nothrow) char[size + 1]);
+        if (image_ == nullptr)
+        {
+            return FileState::unreadable;
+        }
+        std::size_t filled = 0;
+        ssize_t count = 0;
+        while (filled < size && (count = ::read(descriptor, image_.get() + filled, size - filled)) > 0)
+        {
+            filled += static_cast<std::size_t>(count);
+        }
+        image_[filled] = '\0';
+        return filled == 0 ? FileState::unreadable : FileState::read;
+    }
+
+    FileState state_ = FileState::missing;
+    std::unique_ptr<char[]> image_;
+};
+
+// ---- Lines
+
+// A line ends with LF; behind the last LF of the text, it ends with CR.
+class Lines
+{
+public:
+    explicit Lines(std::string_view text)
+        : rest_(text), lineFeedEnds_(text.size() - (text.rfind('\n') + 1)) // npos + 1 is 0
+    {
+    }
+
+    // The next line, without the blanks around it.
+    bool next(std::string_view& line)
+    {
+        if (rest_.empty())
+        {
+            return false;
+        }
+        const char end = rest_.size() > lineFeedEnds_ ? '\n' : '\r';
+        const std::size_t length = std::min(rest_.find(end), rest_.size() - 1) + 1;
+        line = withoutTrailingBlanks(withoutLeadingBlanks(rest_.substr(0, length)));
+        rest_.remove_prefix(length);
+        return true;
+    }
+
+private:
+    std::string_view rest_;
+    std::size_t lineFeedEnds_; // so many characters stand behind the last LF
+};
+
+// ---- The answer
+
+// Copies as much of a text as fits with its terminator; returns how much that is.
+std::size_t copyCut(char* out, std::size_t size, std::string_view text)
+{
+    return text.copy(out, size - 1);
+}
+
+// Names with a tab behind each, in a zero-filled buffer.
+class NameList
+{
+public:
+    NameList(char* out, std::size_t size) : begin_(out), cursor_(out), room_(size - 1) {}
+
+    void append(std::string_view name)
+    {
+        if (room_ > name.size() + 1)
+        {
+            cursor_ += name.copy(cursor_, name.size());
+            *cursor_++ = '\t';
+            room_ -= name.size() + 1;
+        }
+        else if (room_ > 0)
+        {
+            // The last name: without a tab, and cut if even its terminator does not fit.
+            cursor_ += name.copy(cursor_, room_ - 1);
+            room_ = 0;
+        }
+    }
+
+    std::size_t length() const { return static_cast<std::size_t>(cursor_ - begin_); }
+
+private:
+    char* begin_;
+    char* cursor_;
+    std::size_t room_;
+};
+
+void removeQuotes(char* out, std::size_t length)
+{
+    const std::string_view text(out, length);
+    const std::size_t begin = std::min(text.find_first_not_of('"'), length);
+    const std::size_t end = std::max(text.find_last_not_of('"') + 1, begin); // npos + 1 is 0
+    std::memmove(out, out + begin, end - begin);
+    std::memset(out + (end - begin), 0, length - (end - begin));
+}
+
+// ---- The search
+
+class Search
+{
+public:
+    // The names found go to `names` when names are asked for.
+    Search(std::optional<std::string_view> section, std::optional<std::string_view> key, NameList& names)
+        : section_(section), key_(key), names_(names)
+    {
+    }
+
+    void run(std::string_view text)
+    {
+        Lines lines(text);
+        std::string_view line;
+        while (!value_ && lines.next(line))
+        {
+            read(line);
+        }
+    }
+
+    bool namesAskedFor() const { return !section_ || (inSection_ && !key_); }
+    std::optional<std::string_view> value() const { return value_; }
+
+private:
+    static constexpr std::size_t longestName = 1024;
+
+    // A longer name ends the process, like any checked copy that does not fit.
+    static void endProcessIfTooLong(std::string_view name)
+    {
+        if (name.size() > longestName)
+        {
+            __chk_fail();
+        }
+    }
+
+    void read(std::string_view line)
+    {
+        if (line.empty())
+        {
+            return;
+        }
+        const std::size_t bracket = line.front() == '[' ? line.find(']') : std::string_view::npos;
+        if (bracket != std::string_view::npos)
+        {
+            readHeader(line.substr(1, bracket - 1));
+        }
+        else if (inSection_)
+        {
+            readKey(line);
+        }
+    }
+
+    // The section is never left again: a key that it lacks is looked for in those behind it.
+    void readHeader(std::string_view name)
+    {
+        keysClosed_ = inSection_;
+        endProcessIfTooLong(name);
+        if (!section_)
+        {
+            names_.append(name);
+        }
+        else if (name == *section_)
+        {
+            inSection_ = true;
+        }
+    }
+
+    void readKey(std::string_view line)
+    {
+        const std::size_t sign = line.find('=');
+        if (sign == std::string_view::npos)
+        {
+            return;
+        }
+        const std::string_view name = withoutTrailingBlanks(line.substr(0, sign));
+        if (name.empty())
+        {
+            return;
+        }
+        endProcessIfTooLong(name);
+        if (key_ && name == *key_)
+        {
+            value_ = withoutLeadingBlanks(line.substr(sign + 1));
+        }
+        else if (!key_ && !keysClosed_)
+        {
+            names_.append(name);
+        }
+    }
+
+    std::optional<std::string_view> section_;
+    std::optional<std::string_view> key_;
+    NameList& names_;
+    std::optional<std::string_view> value_;
+    bool inSection_ = false;
+    bool keysClosed_ = false;
+};
+
+// `out` is zero-filled.
+std::size_t readProfileString(const char* section, const char* key, const char* defaultValue, char* out,
+                              std::size_t size, const char* path)
+{
+    const std::string_view fallback = defaultText(defaultValue);
+    const ProfileFile file(path);
+    switch (file.state())
+    {
+    case FileState::missing:
+        return section == nullptr ? 0 : copyCut(out, size, fallback);
+    case FileState::empty:
+        return copyCut(out, size, fallback);
+    case FileState::unreadable:
+        return 0;
+    case FileState::read:
+        break;
+    }
+    NameList names(out, size);
+    Search search(requestedName(section), requestedName(key), names);
+    search.run(file.text());
+    const std::size_t length =
+        search.namesAskedFor() ? names.length() : copyCut(out, size, search.value().value_or(fallback));
+    removeQuotes(out, length);
+    return length;
+}
+
+} // namespace
+
+int read_profile_string(char* section, char* key, char* defaultValue, char* out, int size, char* path)
+{
+    if (size == 1)
+    {
+        *out = '\0';
+        return 0;
+    }
+    if (size <= 0 || out == nullptr)
+    {
+        return 0;
+    }
+    const auto room = static_cast<std::size_t>(size);
+    std::memset(out, 0, room);
+    return static_cast<int>(readProfileString(section, key, defaultValue, out, room, path));
+}
+
+KEST_SECOND_NAME(int plainReadProfileString(char*, char*, char*, char*, int, char*),
+                 "_Z19read_profile_stringPcS_S_S_iS_", "read_profile_string");

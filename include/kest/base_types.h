@@ -158,6 +158,24 @@ typedef struct tagRECT
 } RECT, *PRECT, *LPRECT;
 typedef const RECT* LPCRECT;
 
+typedef struct _POINTL
+{
+    LONG x;
+    LONG y;
+} POINTL, *PPOINTL;
+
+typedef SIZE SIZEL;
+typedef SIZEL *PSIZEL, *LPSIZEL;
+
+typedef struct _RECTL
+{
+    LONG left;
+    LONG top;
+    LONG right;
+    LONG bottom;
+} RECTL, *PRECTL, *LPRECTL;
+typedef const RECTL* LPCRECTL;
+
 /* ---- Time ------------------------------------------------------------------------------------- */
 
 /** A 64-bit count, low word first. Which unit it counts depends on the function: see kernel.h. */
@@ -198,6 +216,43 @@ typedef struct _SECURITY_ATTRIBUTES
     LPVOID lpSecurityDescriptor;
     BOOL bInheritHandle;
 } SECURITY_ATTRIBUTES, *PSECURITY_ATTRIBUTES, *LPSECURITY_ATTRIBUTES;
+
+typedef void* PSECURITY_DESCRIPTOR;
+typedef DWORD ACCESS_MASK;
+
+/* ---- COM -------------------------------------------------------------------------------------- */
+
+typedef struct _GUID
+{
+    DWORD Data1;
+    WORD Data2;
+    WORD Data3;
+    BYTE Data4[8];
+} GUID, *LPGUID;
+typedef const GUID* LPCGUID;
+typedef GUID IID;
+typedef IID* LPIID;
+typedef GUID CLSID;
+typedef CLSID* LPCLSID;
+
+#ifdef __cplusplus
+#define REFGUID const GUID&
+#define REFIID const IID&
+#define REFCLSID const CLSID&
+#else
+#define REFGUID const GUID*
+#define REFIID const IID*
+#define REFCLSID const CLSID*
+#endif
+
+typedef WCHAR OLECHAR;
+typedef OLECHAR* LPOLESTR;
+typedef const OLECHAR* LPCOLESTR;
+
+/* ---- Windows and timers ----------------------------------------------------------------------- */
+
+typedef LRESULT (*WNDPROC)(HWND, UINT, WPARAM, LPARAM);
+typedef void (*TIMERPROC)(HWND, UINT, UINT_PTR, DWORD);
 
 /* ---- Files ------------------------------------------------------------------------------------ */
 

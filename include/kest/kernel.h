@@ -4,6 +4,8 @@
 #ifndef KEST_KERNEL_H
 #define KEST_KERNEL_H
 
+#include "kest/kernel/certificates.h"
+#include "kest/kernel/com.h"
 #include "kest/kernel/directories.h"
 #include "kest/kernel/environment.h"
 #include "kest/kernel/files.h"

@@ -383,6 +383,11 @@ KEST_API unsigned char* _mbsrev(unsigned char* string);
 KEST_API int _wcsncoll(const wchar_t* a, const wchar_t* b, size_t count);
 KEST_API int _wcsnicoll(const wchar_t* a, const wchar_t* b, size_t count);
 
+/* ---- Lead bytes ------------------------------------------------------------------------------- */
+
+/** Always 0: no byte is ever a lead byte. @kind fixed result */
+KEST_API int isleadbyte(int c);
+
 KEST_C_END
 
 /* ---- Overloads, C++ only ---------------------------------------------------------------------- */

@@ -1,6 +1,6 @@
 /*
  * Kest Platform Base: the process's surroundings: environment variables, current directory, identity, the last-error
- * value, starting programs, the keyboard, random identifiers.
+ * value, starting programs, the keyboard, random identifiers, the system, ends and diagnostics.
  *
  * Reading a variable and starting a program go through the shell: every command is a shell command line that has run
  * to its end before the call returns. ShellExecuteW stands in shell_paths.h.
@@ -45,6 +45,73 @@ typedef struct _PROCESS_INFORMATION
     DWORD dwProcessId;
     DWORD dwThreadId;
 } PROCESS_INFORMATION, *PPROCESS_INFORMATION, *LPPROCESS_INFORMATION;
+
+typedef struct _OSVERSIONINFOW
+{
+    DWORD dwOSVersionInfoSize;
+    DWORD dwMajorVersion;
+    DWORD dwMinorVersion;
+    DWORD dwBuildNumber;
+    DWORD dwPlatformId;
+    WCHAR szCSDVersion[128];
+} OSVERSIONINFOW, *POSVERSIONINFOW, *LPOSVERSIONINFOW;
+
+/* Passed to GetVersionExW in place of the shorter structure. */
+typedef struct _OSVERSIONINFOEXW
+{
+    DWORD dwOSVersionInfoSize;
+    DWORD dwMajorVersion;
+    DWORD dwMinorVersion;
+    DWORD dwBuildNumber;
+    DWORD dwPlatformId;
+    WCHAR szCSDVersion[128];
+    WORD wServicePackMajor;
+    WORD wServicePackMinor;
+    WORD wSuiteMask;
+    BYTE wProductType;
+    BYTE wReserved;
+} OSVERSIONINFOEXW, *POSVERSIONINFOEXW, *LPOSVERSIONINFOEXW;
+
+/* dwPlatformId and wProductType */
+#define VER_PLATFORM_WIN32s 0
+#define VER_PLATFORM_WIN32_WINDOWS 1
+#define VER_PLATFORM_WIN32_NT 2
+#define VER_NT_WORKSTATION 1
+#define VER_NT_DOMAIN_CONTROLLER 2
+#define VER_NT_SERVER 3
+
+__extension__ typedef struct _SYSTEM_INFO
+{
+    union
+    {
+        DWORD dwOemId;
+        struct
+        {
+            WORD wProcessorArchitecture;
+            WORD wReserved;
+        };
+    };
+    DWORD dwPageSize;
+    LPVOID lpMinimumApplicationAddress;
+    LPVOID lpMaximumApplicationAddress;
+    DWORD_PTR dwActiveProcessorMask;
+    DWORD dwNumberOfProcessors;
+    DWORD dwProcessorType;
+    DWORD dwAllocationGranularity;
+    WORD wProcessorLevel;
+    WORD wProcessorRevision;
+} SYSTEM_INFO, *LPSYSTEM_INFO;
+
+/* wProcessorArchitecture */
+#define PROCESSOR_ARCHITECTURE_INTEL 0
+#define PROCESSOR_ARCHITECTURE_ARM 5
+#define PROCESSOR_ARCHITECTURE_AMD64 9
+#define PROCESSOR_ARCHITECTURE_ARM64 12
+#define PROCESSOR_ARCHITECTURE_UNKNOWN 0xFFFF
+
+/* Flags and limits of RaiseException */
+#define EXCEPTION_NONCONTINUABLE 0x01
+#define EXCEPTION_MAXIMUM_PARAMETERS 15
 
 KEST_C_BEGIN
 
@@ -209,6 +276,34 @@ KEST_API BOOL CreateProcessW(const wchar_t* application, const wchar_t* commandL
                              BOOL inheritHandles, DWORD creationFlags, void* environment,
                              const wchar_t* currentDirectory, STARTUPINFOW* startupInfo,
                              PROCESS_INFORMATION* processInformation);
+
+/* ---- Versions, system and sound --------------------------------------------------------------- */
+
+/** Always 0: there is no Windows version. The structure stays as it was. @kind fixed result */
+KEST_API DWORD GetVersion(void);
+KEST_API BOOL GetVersionExW(LPOSVERSIONINFOW lpVersionInformation);
+
+/** Does nothing: the structure stays as it was, so clear it before. @kind fixed result */
+KEST_API void GetSystemInfo(LPSYSTEM_INFO lpSystemInfo);
+
+/** Always 1, with Wow64Process left as it was. @kind fixed result */
+KEST_API BOOL IsWow64Process(HANDLE hProcess, BOOL* Wow64Process);
+
+/** Always 0: no sound is made. @kind fixed result */
+KEST_API BOOL Beep(DWORD dwFreq, DWORD dwDuration);
+
+/* ---- Ends, exceptions and debugging ----------------------------------------------------------- */
+
+/** Does nothing: returns to the caller, and the process goes on. Call exit to end it. @kind fixed result */
+KEST_API void ExitProcess(UINT uExitCode);
+
+/** Does nothing: returns to the caller, nothing is raised. @kind fixed result */
+KEST_API void RaiseException(DWORD dwExceptionCode, DWORD dwExceptionFlags, DWORD nNumberOfArguments,
+                             const ULONG_PTR* lpArguments);
+
+/** Does nothing: no debugger hears of it. @kind fixed result */
+KEST_API void OutputDebugStringW(const wchar_t* lpOutputString);
+KEST_API void DebugBreak(void);
 
 KEST_C_END
 

@@ -136,6 +136,11 @@ KEST_API void* HeapReAlloc(HANDLE heap, DWORD flags, void* p, SIZE_T bytes);
 /** Always null; the block is not freed. @kind fixed result */
 KEST_API HLOCAL LocalFree(HLOCAL h);
 
+/* ---- Pointers --------------------------------------------------------------------------------- */
+
+/** Always 0: every pointer counts as readable. @kind fixed result */
+KEST_API BOOL IsBadReadPtr(const void* lp, UINT_PTR ucb);
+
 KEST_C_END
 
 #endif

@@ -219,6 +219,9 @@ KEST_API BOOL SetDllDirectoryW(const wchar_t* path);
  */
 KEST_API DWORD GetLongPathNameW(const wchar_t* shortPath, wchar_t* longPath, DWORD cchBuffer);
 
+/** Always 0: threads are never reported to modules. @kind fixed result */
+KEST_API BOOL DisableThreadLibraryCalls(HMODULE hLibModule);
+
 KEST_C_END
 
 #ifdef __cplusplus

@@ -44,6 +44,16 @@ KEST_API LPWSTR CharUpperW(LPWSTR string);
  */
 KEST_API LPWSTR CharLowerW(LPWSTR string);
 
+/**
+ * Steps to the next character.
+ * @return lpsz advanced by one character.
+ * @lasterror left as it is.
+ * @null not tested.
+ * @kind local
+ * @differs{CharNextW.StepsOverTheTerminator} At the end of a string it goes on behind the terminator.
+ */
+KEST_API wchar_t* CharNextW(const wchar_t* lpsz);
+
 KEST_C_END
 
 #endif

@@ -1,5 +1,5 @@
 /*
- * Kest Platform Base: windows, messages, keyboard, cursor, monitors and metrics. Forwards hand their arguments to the
+ * Kest Platform Base: windows, messages, timers, keyboard, cursor, monitors and metrics. Forwards hand their arguments to the
  * host's service as they are, null included, and its result back unchanged; those not called checked need an installed
  * hub with that service. They leave the last-error value to the host.
  */
@@ -298,6 +298,23 @@ typedef struct tagMSG
 #define SM_SAMEDISPLAYFORMAT 81
 #define SM_REMOTESESSION 0x1000
 
+/* ---- Actions of SystemParametersInfoW -------------------------------------------------------------------- */
+
+#define SPI_GETBEEP 0x0001
+#define SPI_GETKEYBOARDSPEED 0x000A
+#define SPI_GETSCREENSAVEACTIVE 0x0010
+#define SPI_GETICONTITLELOGFONT 0x001F
+#define SPI_GETDRAGFULLWINDOWS 0x0026
+#define SPI_GETNONCLIENTMETRICS 0x0029
+#define SPI_GETWORKAREA 0x0030
+#define SPI_SETWORKAREA 0x002F
+#define SPI_GETHIGHCONTRAST 0x0042
+#define SPI_GETFONTSMOOTHING 0x004A
+#define SPI_GETWHEELSCROLLLINES 0x0068
+#define SPI_GETMOUSEHOVERTIME 0x0066
+#define SPIF_UPDATEINIFILE 0x0001
+#define SPIF_SENDCHANGE 0x0002
+
 KEST_C_BEGIN
 
 /* ---- Keyboard --------------------------------------------------------------------------------- */
@@ -319,6 +336,9 @@ KEST_API SHORT GetKeyState(int nVirtKey);
  *          the last call.
  */
 KEST_API SHORT GetAsyncKeyState(int nVirtKey);
+
+/** Always null: no layout is known. @kind fixed result */
+KEST_API HKL GetKeyboardLayout(DWORD idThread);
 
 /* ---- Windows and messages --------------------------------------------------------------------- */
 
@@ -347,6 +367,21 @@ KEST_API LRESULT SendMessageW(HWND hWnd, UINT Msg, WPARAM wParam, LPARAM lParam)
 
 /** Always null: no window is known to be in front. @kind fixed result */
 KEST_API HWND GetForegroundWindow(void);
+
+/** Always 1, for any handle, null included. @kind fixed result */
+KEST_API BOOL IsWindow(HWND hWnd);
+
+/** Always 0: lpPrevWndFunc is never called. @kind fixed result */
+KEST_API LRESULT CallWindowProcW(WNDPROC lpPrevWndFunc, HWND hWnd, UINT Msg, WPARAM wParam, LPARAM lParam);
+
+/** Always 0: no message is registered. @kind fixed result */
+KEST_API UINT RegisterWindowMessageW(const wchar_t* lpString);
+
+/* ---- Timers ----------------------------------------------------------------------------------- */
+
+/** Always 0: there are no timers, and lpTimerFunc is never called. @kind fixed result */
+KEST_API UINT_PTR SetTimer(HWND hWnd, UINT_PTR nIDEvent, UINT uElapse, TIMERPROC lpTimerFunc);
+KEST_API BOOL KillTimer(HWND hWnd, UINT_PTR uIDEvent);
 
 /* ---- Message loop ----------------------------------------------------------------------------- */
 
@@ -412,6 +447,9 @@ KEST_API HCURSOR SetCursor(HCURSOR hCursor);
  * @kind forward: IGraphicsService::GetSystemMetrics
  */
 KEST_API int GetSystemMetrics(int nIndex);
+
+/** Always 0: pvParam stays as it was. @kind fixed result */
+KEST_API BOOL SystemParametersInfoW(UINT uiAction, UINT uiParam, PVOID pvParam, UINT fWinIni);
 
 /**
  * Finds the monitor that shows a point.

@@ -1,0 +1,126 @@
+// Tables of functions with a fixed answer: each is called with arguments of three kinds, and nothing may change.
+#pragma once
+
+#include <array>
+#include <cerrno>
+#include <cstring>
+#include <functional>
+#include <gtest/gtest.h>
+#include <type_traits>
+
+namespace kest::test
+{
+
+// What the arguments of a call are: small numbers and pointers to memory full of sentinels; null; all bits set,
+// so that whoever follows a pointer dies.
+enum class Arguments
+{
+    plausible,
+    null,
+    allBitsSet
+};
+
+class FixedResultCall
+{
+public:
+    explicit FixedResultCall(Arguments kind) : kind_(kind)
+    {
+        memory_.fill(untouched);
+        errno = lastError;
+    }
+
+    // An argument for any parameter type.
+    template <class Parameter>
+    Parameter argument()
+    {
+        if constexpr (std::is_reference_v<Parameter>)
+        {
+            return *reinterpret_cast<std::remove_reference_t<Parameter>*>(memory_.data());
+        }
+        else if constexpr (std::is_pointer_v<Parameter>)
+        {
+            return kind_ == Arguments::null        ? nullptr
+                   : kind_ == Arguments::plausible ? pointer<std::remove_pointer_t<Parameter>>()
+                                                   : reinterpret_cast<Parameter>(-1L);
+        }
+        else
+        {
+            return static_cast<Parameter>(kind_ == Arguments::null ? 0 : kind_ == Arguments::plausible ? 7 : -1);
+        }
+    }
+
+    void expectNothingChanged() const
+    {
+        EXPECT_EQ(errno, lastError);
+        std::array<unsigned char, memorySize> expected;
+        expected.fill(untouched);
+        EXPECT_EQ(std::memcmp(memory_.data(), expected.data(), memorySize), 0) << "wrote through an argument";
+    }
+
+private:
+    static constexpr int lastError = 4711;
+    static constexpr unsigned char untouched = 0x5A;
+    static constexpr std::size_t memorySize = 4096;
+
+    template <class Target>
+    Target* pointer()
+    {
+        if constexpr (std::is_function_v<Target>)
+        {
+            return neverCalled(static_cast<Target*>(nullptr));
+        }
+        else
+        {
+            return reinterpret_cast<Target*>(memory_.data());
+        }
+    }
+
+    template <class Result, class... Parameters>
+    static auto neverCalled(Result (*)(Parameters...)) -> Result (*)(Parameters...)
+    {
+        return [](Parameters...) -> Result
+        {
+            ADD_FAILURE() << "called back";
+            return Result();
+        };
+    }
+
+    Arguments kind_;
+    alignas(16) std::array<unsigned char, memorySize> memory_;
+};
+
+// One row: a function and what it always answers.
+struct FixedResult
+{
+    const char* name;
+    std::function<void(FixedResultCall&)> call;
+};
+
+template <class Result, class... Parameters>
+FixedResult answers(const char* name, Result (*function)(Parameters...), std::type_identity_t<Result> answer)
+{
+    return {name, [=](FixedResultCall& call) { EXPECT_EQ(function(call.argument<Parameters>()...), answer); }};
+}
+
+template <class... Parameters>
+FixedResult answersNothing(const char* name, void (*function)(Parameters...))
+{
+    return {name, [=](FixedResultCall& call) { function(call.argument<Parameters>()...); }};
+}
+
+template <class Rows>
+void expectFixedResults(const Rows& rows)
+{
+    for (const FixedResult& row : rows)
+    {
+        for (const Arguments kind : {Arguments::plausible, Arguments::null, Arguments::allBitsSet})
+        {
+            SCOPED_TRACE(row.name);
+            FixedResultCall call(kind);
+            row.call(call);
+            call.expectNothingChanged();
+        }
+    }
+}
+
+} // namespace kest::test

@@ -2,11 +2,14 @@
 // give C linkage is declared here with C++ linkage.
 #include <cstdarg>
 #include <cstddef>
+#include <cstdio>
 #include <gtest/gtest.h>
 
 int _tarvswprintf(wchar_t* buffer, std::size_t count, const wchar_t* format, va_list arguments);
 int _tarvswprintf(wchar_t* buffer, const wchar_t* format, va_list arguments);
 int swprintf(wchar_t* buffer, const wchar_t* format, ...);
+FILE* _wfopen(const wchar_t* path, const wchar_t* mode);
+FILE* _wfopen(wchar_t* path, const wchar_t* mode);
 
 namespace
 {
@@ -39,6 +42,17 @@ TEST(EncodedNames, ReachTheFormattingFunctions)
     EXPECT_STREQ(buffer, L"def");
     EXPECT_EQ(swprintf(buffer, L"%s", L"ghi"), 3);
     EXPECT_STREQ(buffer, L"ghi");
+}
+
+TEST(EncodedNames, ReachTheFunctionsThatOpenFiles)
+{
+    FILE* const stream = _wfopen(L"/dev/null", L"r");
+    ASSERT_NE(stream, nullptr);
+    std::fclose(stream);
+    wchar_t path[] = L"/dev/null";
+    FILE* const writableStream = _wfopen(path, L"r");
+    ASSERT_NE(writableStream, nullptr);
+    std::fclose(writableStream);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "kest/crt/formatted_output.h"
 #include "kest/user_interface/strings.h"
 
+#include "harness/in_child.h"
 #include "harness/scoped_locale.h"
 #include "harness/scratch_folder.h"
 #include "harness/sentinel_buffer.h"
@@ -15,7 +16,6 @@
 #include <new>
 #include <stdexcept>
 #include <string>
-#include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
 #include <vector>
@@ -54,6 +54,7 @@ namespace
 using kest::test::ScopedLocale;
 using kest::test::ScratchFolder;
 using kest::test::SentinelBuffer;
+using kest::test::statusInChild;
 using namespace std::string_literals;
 
 // ---- The functions that take an argument list, with the arguments themselves -------------------------------------
@@ -185,20 +186,16 @@ void reopenStandardOutput(const char* file)
     }
 }
 
-// Runs an action in a process of its own with standard output going to a file; returns what stands there.
-std::string printedBy(const std::function<bool()>& action)
+// Runs expectations in a process of its own with standard output going to a file; returns what stands there.
+std::string printedBy(const std::function<void()>& body)
 {
     const ScratchFolder folder;
-    std::fflush(nullptr);
-    const pid_t child = fork();
-    if (child == 0)
-    {
-        reopenStandardOutput("printed");
-        const bool good = action() && std::fflush(stdout) == 0;
-        _exit(good ? 0 : 1);
-    }
-    int status = -1;
-    waitpid(child, &status, 0);
+    const int status = statusInChild(
+        [&body]
+        {
+            reopenStandardOutput("printed");
+            body();
+        });
     EXPECT_EQ(status, 0);
     return folder.read("printed");
 }
@@ -330,7 +327,6 @@ TEST(WideFormats, MustNotBeNull)
         {
             expectNullRefusal([] { printList(nullptr); });
             expectNullRefusal([] { _tarwprintf(nullptr); });
-            return !testing::Test::HasFailure();
         });
     EXPECT_EQ(printed, "");
 }
@@ -343,7 +339,8 @@ TEST(WideStreams, PrintToStandardOutput)
         []
         {
             const ScopedLocale locale("C.UTF-8");
-            return printList(L"<%s|%d>", L"\u00e9", 7) == 5 && _tarwprintf(L"[%s|%hs]", L"wide", "narrow") == 13;
+            EXPECT_EQ(printList(L"<%s|%d>", L"\u00e9", 7), 5);
+            EXPECT_EQ(_tarwprintf(L"[%s|%hs]", L"wide", "narrow"), 13);
         });
     EXPECT_EQ(printed, "<\u00e9|7>[wide|narrow]");
 }

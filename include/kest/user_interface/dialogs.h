@@ -126,4 +126,43 @@ KEST_API HRESULT TaskDialogIndirect(const TASKDIALOGCONFIG* pTaskConfig, int* pn
 
 KEST_C_END
 
+#ifdef __cplusplus
+
+/**
+ * Shows a message box without owner, by MessageBoxW with four arguments.
+ * @param uType  MB_*.
+ * @return the button pressed (ID*).
+ * @kind checked forward: IDialogService::MessageBoxW, 0 without hub or service
+ */
+KEST_API int MessageBoxW(const wchar_t* lpText, const wchar_t* lpCaption, UINT uType);
+
+/**
+ * Shows a message box without owner. Its caption is the file name of the running program, without directory and
+ * extension: "editor" for /opt/app/bin/editor.bin; "MORVA" when the program's path cannot be found.
+ * @param lpszText  the message.
+ * @param nType  MB_*.
+ * @param nIDHelp  not used.
+ * @return the button pressed (ID*).
+ * @null lpszText: handed to the service.
+ * @kind checked forward: IDialogService::MessageBoxW, 0 without hub or service
+ * @differs{AfxMessageBox.CaptionIsTheProgramsFileName} The application's title and name are not asked for.
+ * @differs{AfxMessageBox.OffersNoHelp} The help context is ignored.
+ */
+KEST_API int AfxMessageBox(const wchar_t* lpszText, UINT nType = MB_OK, UINT nIDHelp = 0);
+
+/**
+ * Shows a message box with a string of the current resource handle, as AfxMessageBox shows a text. The string is
+ * asked for by IGraphicsService::LoadStringW; without hub or that service it is empty.
+ * @param nIDPrompt  the string's number.
+ * @param nType  MB_*.
+ * @param nIDHelp  not used.
+ * @return the button pressed (ID*).
+ * @kind checked forward: IDialogService::MessageBoxW, 0 without hub or service
+ * @differs{AfxMessageBox.ShowsUnknownStringsAsEmpty} A string that is not found is shown as an empty message.
+ * @differs{AfxMessageBox.LoadsStringsOf1024Characters} Longer strings are asked for, and shown, cut.
+ */
+KEST_API int AfxMessageBox(UINT nIDPrompt, UINT nType = MB_OK, UINT nIDHelp = static_cast<UINT>(-1));
+
+#endif
+
 #endif

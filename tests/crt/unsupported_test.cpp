@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <exception>
 #include <gtest/gtest.h>
+#include <ostream>
 #include <stdexcept>
 #include <string>
 
@@ -15,6 +16,12 @@ struct Unsupported
     const char* name;
     void (*call)();
 };
+
+// The name stands for the whole where GoogleTest shows a parameter.
+void PrintTo(const Unsupported& member, std::ostream* out)
+{
+    *out << member.name;
+}
 
 const Unsupported members[] = {
     {"_mbsdec", [] { _mbsdec(nullptr, nullptr); }},

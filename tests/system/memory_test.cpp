@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 #include <malloc.h>
 #include <string>
+#include <string_view>
 
 // Requests that no system can grant must be answered, also by the sanitizers' allocators.
 extern "C" KEST_API const char* __asan_default_options();
@@ -36,7 +37,7 @@ struct Record
 class Block
 {
 public:
-    explicit Block(std::size_t bytes, std::string_view contents = {}) : handle_(GlobalAlloc(GMEM_FIXED, bytes))
+    explicit Block(std::size_t bytes, std::string_view contents = "") : handle_(GlobalAlloc(GMEM_FIXED, bytes))
     {
         std::memcpy(handle_, contents.data(), contents.size());
     }

@@ -96,8 +96,12 @@ public:
 
     void append(const CharT* component)
     {
+        if (bound_ > directorySize)
+        {
+            __chk_fail();
+        }
         const std::size_t componentLength = lengthOf(component);
-        if (bound_ <= directorySize && length_ + 1 + componentLength < bound_)
+        if (length_ + 1 + componentLength < bound_)
         {
             text_[length_] = CharT('/');
             copy(&text_[length_ + 1], component, componentLength);
@@ -107,7 +111,7 @@ public:
         std::array<CharT, pathSize> soFar;
         copy(soFar.data(), text_.data(), length_);
         // A wide print that does not fit leaves no terminator.
-        std::fill_n(text_.data() + length_, std::min(bound_, directorySize) - length_, CharT());
+        std::fill_n(text_.data() + length_, bound_ - length_, CharT());
         printDirectory(text_.data(), bound_, soFar.data(), component);
         length_ = lengthOf(text_.data());
     }

@@ -160,7 +160,13 @@ wchar_t* _wfullpath(wchar_t* buffer, const wchar_t* path, unsigned long size)
 
 int _wputenv(const wchar_t* text)
 {
-    char* const kept = strdup(NarrowText(text).c_str());
+    NarrowText variable(text);
+    if (std::strchr(variable.c_str(), '=') == nullptr)
+    {
+        // Removes the variable and keeps nothing of the text.
+        return putenv(variable.data());
+    }
+    char* const kept = strdup(variable.c_str());
     return kept == nullptr ? -1 : putenv(kept);
 }
 

@@ -5,14 +5,15 @@
 #include "kest/kernel/files.h"
 
 #include <cerrno>
-#include <csignal>
 #include <cstdio>
 #include <fcntl.h>
 #include <functional>
 #include <gtest/gtest.h>
+#include <stdexcept>
 #include <string>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 #include <vector>
 
@@ -251,43 +252,62 @@ TEST(CreateFile, KeepsNoDescriptorAfterClosing)
     EXPECT_EQ(openDescriptorCount(), before);
 }
 
-// A process that holds a lock on "locked" until the object is destroyed.
+// A process that holds a lock on "locked" until the object is destroyed, or the test program ends.
 class LockHolder
 {
 public:
     explicit LockHolder(const std::function<bool(int)>& lock)
     {
         int ready[2];
-        if (pipe(ready) != 0)
+        int release[2];
+        if (pipe(ready) != 0 || pipe(release) != 0)
         {
             throw std::runtime_error("no pipe");
         }
         child_ = fork();
         if (child_ == 0)
         {
-            const int descriptor = open("locked", O_RDWR);
-            const char locked = descriptor != -1 && lock(descriptor) ? 'y' : 'n';
-            _exit(write(ready[1], &locked, 1) == 1 ? pause() : 1);
+            close(ready[0]);
+            close(release[1]);
+            hold(lock, ready[1], release[0]);
         }
-        char locked = 'n';
         close(ready[1]);
-        const bool answered = read(ready[0], &locked, 1) == 1;
+        close(release[0]);
+        release_ = release[1];
+        char locked = 'n';
+        const bool answered = child_ != -1 && read(ready[0], &locked, 1) == 1;
         close(ready[0]);
         if (!answered || locked != 'y')
         {
+            end();
             throw std::runtime_error("no lock");
         }
     }
-    ~LockHolder()
-    {
-        kill(child_, SIGKILL);
-        waitpid(child_, nullptr, 0);
-    }
+    ~LockHolder() { end(); }
     LockHolder(const LockHolder&) = delete;
     LockHolder& operator=(const LockHolder&) = delete;
 
 private:
-    pid_t child_;
+    // The child's part: ends when the other side of `release` is closed.
+    [[noreturn]] static void hold(const std::function<bool(int)>& lock, int ready, int release)
+    {
+        const int descriptor = open("locked", O_RDWR);
+        char locked = descriptor != -1 && lock(descriptor) ? 'y' : 'n';
+        const bool told = write(ready, &locked, 1) == 1;
+        _exit(told && read(release, &locked, 1) == 0 ? 0 : 1);
+    }
+
+    void end() const
+    {
+        close(release_);
+        if (child_ != -1)
+        {
+            waitpid(child_, nullptr, 0);
+        }
+    }
+
+    pid_t child_ = -1;
+    int release_ = -1;
 };
 
 bool lockRange(int descriptor, short type, off_t start, off_t length)
@@ -327,7 +347,7 @@ TEST(CreateFile, RefusesAFileThatAnotherProcessHasLocked)
         // Any bit of the access asks for the check.
         for (const DWORD access : {readAccess, writeAccess, readWriteAccess, DWORD{1}})
         {
-            for (const DWORD disposition : {OPEN_EXISTING, OPEN_ALWAYS})
+            for (const DWORD disposition : {DWORD{OPEN_EXISTING}, DWORD{OPEN_ALWAYS}})
             {
                 errno = 0;
                 EXPECT_EQ(create(L"locked", access, FILE_SHARE_READ, disposition), INVALID_HANDLE_VALUE);
@@ -379,7 +399,7 @@ TEST(CreateFile, SeesThisProcessesOwnLocksByFlockOnly)
 TEST(CreateFileW, EmptiesLockedFiles)
 {
     const ScratchFolder folder;
-    for (const DWORD disposition : {CREATE_ALWAYS, TRUNCATE_EXISTING})
+    for (const DWORD disposition : {DWORD{CREATE_ALWAYS}, DWORD{TRUNCATE_EXISTING}})
     {
         folder.write("locked", "content");
         const LockHolder holder(lockKinds.front().take);
@@ -409,7 +429,7 @@ TEST(CreateFileW, EmptiesFilesThatAreNotReadableAndWritable)
     EXPECT_EQ(statusOfOrdinaryUser(
                   []
                   {
-                      for (const DWORD disposition : {CREATE_NEW, OPEN_ALWAYS})
+                      for (const DWORD disposition : {DWORD{CREATE_NEW}, DWORD{OPEN_ALWAYS}})
                       {
                           makeFile("write-only", 0200);
                           EXPECT_EQ(modeOf(create(L"write-only", writeAccess, 0, disposition)), "w");

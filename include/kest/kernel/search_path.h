@@ -75,10 +75,10 @@ KEST_API bool getCurProcessDirPath(CStdStr<wchar_t>& dir);
 KEST_API bool getEnvPATH(std::vector<CStdStr<wchar_t>>& dirs);
 
 /**
- * Tells whether a directory has an entry of exactly this name.
+ * Tells whether a directory has an entry of exactly this name. Both are cut after 1024 bytes of their multibyte form,
+ * and at the first character that the locale cannot encode.
  * @param dir   the directory; it must be readable.
  * @param name  the bare name; one with a "/" is never found.
- * Both are cut after 1024 bytes of their multibyte form, and at the first character that the locale cannot encode.
  * @return true when it has.
  * @null neither may be null.
  * @kind local

@@ -3,8 +3,8 @@
  *
  * Windows names find shared objects: LoadLibraryW(L"Tools.dll") loads libTools.so through the dynamic loader,
  * calls its exported DllMain and counts how often it was loaded; FreeLibrary undoes it. A module's handle is the
- * loader's own. Null and 1 stand for the main program in GetModuleFileNameW, and for every loaded module's symbols
- * in GetProcAddress.
+ * loader's own. Null and 1 stand for the main program in GetModuleFileNameW, and for the loader's global scope (the
+ * program and what it is linked against, not the modules loaded here) in GetProcAddress.
  *
  * DllMain is `BOOL DllMain(HMODULE module, DWORD reason, LPVOID reserved)` under its plain name. It is called with
  * reason DLL_PROCESS_ATTACH after the first load and DLL_PROCESS_DETACH before unloading, reserved null; it may
@@ -125,14 +125,14 @@ KEST_API BOOL FreeLibrary(HMODULE module);
 
 /**
  * Looks up a symbol in a module, then in what the module is linked against.
- * @param module  the module's handle; 1 or null: the loader's default search over the whole process.
+ * @param module  the module's handle; 1 or null: the loader's default search, over its global scope.
  * @param name    the symbol, terminated; a value below 65536 is an ordinal and never found.
  * @return the symbol's address, or null when there is none.
  * @lasterror left as it is.
  * @null name: counts as an ordinal, null.
  * @kind local
  * @differs{GetProcAddress.FindsNoOrdinals} Shared objects number no symbols.
- * @differs{GetProcAddress.TakesOneForTheWholeProcess} The handle 1 searches everything that is loaded; null does too.
+ * @differs{GetProcAddress.TakesOneForTheWholeProcess} The handle 1 searches the global scope; null does too.
  * @differs{GetProcAddress.SearchesDependencies} A symbol that the module is linked against counts as its own.
  * @differs{GetProcAddress.LeavesLastErrorAlone} A failure is reported by the result alone.
  */

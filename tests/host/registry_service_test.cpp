@@ -157,8 +157,10 @@ TEST_F(Registry, KeepsEveryTypeOfValueByteForByte)
 {
     const HKEY key = create(L"types");
     const std::vector<BYTE> data = {0, 1, 2, 0, 255, 128};
-    for (const DWORD type : {REG_NONE, REG_SZ, REG_EXPAND_SZ, REG_BINARY, REG_DWORD, REG_DWORD_BIG_ENDIAN, REG_LINK,
-                             REG_MULTI_SZ, REG_RESOURCE_LIST, REG_QWORD, 12345})
+    const std::vector<DWORD> types = {
+        REG_NONE, REG_SZ,       REG_EXPAND_SZ,     REG_BINARY, REG_DWORD, REG_DWORD_BIG_ENDIAN,
+        REG_LINK, REG_MULTI_SZ, REG_RESOURCE_LIST, REG_QWORD,  12345};
+    for (const DWORD type : types)
     {
         const std::wstring name = L"value " + std::to_wstring(type);
         ASSERT_EQ(service_.RegSetValueExW(key, name.c_str(), 0, type, data.data(), static_cast<DWORD>(data.size())), 0);

@@ -37,6 +37,8 @@ def read(path):
                 fail(f"{path}:{number}: a forward names its service operation and position")
             if row["kind"] in ("checked forward", "fixed result") and row["answer"] == "-":
                 fail(f"{path}:{number}: a {row['kind']} has an answer")
+            if len({row[column].count(",") for column in ("operation", "position")}) != 1:
+                fail(f"{path}:{number}: every operation has a position")
             seen[row["symbol"]] = number
             rows.append(row)
     if header is None:
@@ -45,6 +47,16 @@ def read(path):
         if row["second_name_of"] not in ("-", *seen):
             fail(f"{path}:{row['line']}: {row['second_name_of']} is not in the table")
     return rows
+
+
+def operations(row):
+    """The service operations that a function calls: (service, operation, position, answer without it) each."""
+    if row["operation"] == "-":
+        return []
+    names, positions = row["operation"].split(","), row["position"].split(",")
+    answers = row["answer"].split(",") if len(names) > 1 else [row["answer"]]
+    answers += ["-"] * (len(names) - len(answers))
+    return [(*name.split("::"), int(position), answer) for name, position, answer in zip(names, positions, answers)]
 
 
 def symbol(row, processor):

@@ -114,7 +114,7 @@ KEST_API BOOL UnionRect(RECT* dst, const RECT* a, const RECT* b);
  *
  * Where b spans a in neither direction, or is empty, all of a is left; where b covers a, the null rectangle.
  * @return 1; 0 when b covers a, and, with nothing stored, when a is empty.
- * @null dst: answers 0. a or b: empty.
+ * @null any pointer: answers 0, with nothing stored; an absent b is not an empty one.
  * @kind local
  * @differs{SubtractRect.LeavesDestinationForAnEmptyFirstRectangle} An empty a leaves dst alone instead of clearing it.
  * @differs{SubtractRect.KeepsEdgesThatCoincide} Where the two rectangles share an edge, that edge does not move.

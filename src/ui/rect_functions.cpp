@@ -96,7 +96,7 @@ BOOL UnionRect(RECT* dst, const RECT* a, const RECT* b)
 
 BOOL SubtractRect(RECT* dst, const RECT* a, const RECT* b)
 {
-    if (dst == nullptr || IsRectEmpty(a))
+    if (dst == nullptr || b == nullptr || IsRectEmpty(a))
     {
         return FALSE;
     }

@@ -1,18 +1,23 @@
 // Tables of functions with a fixed answer: each is called with arguments of three kinds, and nothing may change.
 #pragma once
 
+#include "harness/hand_laid_host.h"
+
 #include <array>
 #include <cerrno>
 #include <cstring>
 #include <functional>
 #include <gtest/gtest.h>
+#include <string>
+#include <tuple>
 #include <type_traits>
+#include <vector>
 
 namespace kest::test
 {
 
-// What the arguments of a call are: small numbers and pointers to memory full of sentinels; null; all bits set,
-// so that whoever follows a pointer dies.
+// What the arguments of a call are: small numbers and pointers to memory full of sentinels, each to a place of its own;
+// null; all bits set, so that whoever follows a pointer dies.
 enum class Arguments
 {
     plausible,
@@ -52,6 +57,7 @@ public:
     void expectNothingChanged() const
     {
         EXPECT_EQ(errno, lastError);
+        EXPECT_EQ(host_.getterCalls(), 0);
         std::array<unsigned char, memorySize> expected;
         expected.fill(untouched);
         EXPECT_EQ(std::memcmp(memory_.data(), expected.data(), memorySize), 0) << "wrote through an argument";
@@ -60,7 +66,8 @@ public:
 private:
     static constexpr int lastError = 4711;
     static constexpr unsigned char untouched = 0x5A;
-    static constexpr std::size_t memorySize = 4096;
+    static constexpr std::size_t memorySize = 8192;
+    static constexpr std::size_t placeSize = 512;
 
     template <class Target>
     Target* pointer()
@@ -71,7 +78,7 @@ private:
         }
         else
         {
-            return reinterpret_cast<Target*>(memory_.data());
+            return reinterpret_cast<Target*>(memory_.data() + placeSize * places_++);
         }
     }
 
@@ -85,14 +92,16 @@ private:
         };
     }
 
+    const HandLaidHost host_;
     Arguments kind_;
+    std::size_t places_ = 0;
     alignas(16) std::array<unsigned char, memorySize> memory_;
 };
 
-// One row: a function and what it always answers.
+// One row: a function, as the table of exports names it, and what it always answers.
 struct FixedResult
 {
-    const char* name;
+    std::string name;
     std::function<void(FixedResultCall&)> call;
 };
 
@@ -108,19 +117,25 @@ FixedResult answersNothing(const char* name, void (*function)(Parameters...))
     return {name, [=](FixedResultCall& call) { function(call.argument<Parameters>()...); }};
 }
 
-template <class Rows>
-void expectFixedResults(const Rows& rows)
+template <std::size_t index, class Result, class... Parameters>
+FixedResult answersItsArgument(const char* name, Result (*function)(Parameters...))
 {
-    for (const FixedResult& row : rows)
-    {
-        for (const Arguments kind : {Arguments::plausible, Arguments::null, Arguments::allBitsSet})
-        {
-            SCOPED_TRACE(row.name);
-            FixedResultCall call(kind);
-            row.call(call);
-            call.expectNothingChanged();
-        }
-    }
+    return {name, [=](FixedResultCall& call)
+            {
+                const std::tuple<Parameters...> arguments{call.argument<Parameters>()...};
+                EXPECT_EQ(std::apply(function, arguments), std::get<index>(arguments));
+            }};
 }
+
+// The fixed results of one area.
+struct FixedResultTopic
+{
+    const char* name;
+    std::vector<FixedResult> rows;
+};
+
+// All of them, in the tables beside this file.
+std::vector<FixedResultTopic> userInterfaceTopics();
+std::vector<FixedResultTopic> systemTopics();
 
 } // namespace kest::test

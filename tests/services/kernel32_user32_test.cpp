@@ -44,27 +44,23 @@ TEST(Kernel32AndUser32, HaveTheTypesOfTheGlobalFunctions)
     EXPECT_TRUE((std::is_same_v<decltype(KestUser32::SetCursor), decltype(::SetCursor)>));
 }
 
-TEST(Kernel32AndUser32, HaveFixedResults)
+TEST(Kernel32AndUser32, ShareWhatIsFixed)
 {
-    const FixedResult rows[] = {
-        answers("IsDBCSLeadByte", KestKernel32::IsDBCSLeadByte, 0),
-        answers("GetProcessHeap", KestKernel32::GetProcessHeap, nullptr),
-        answers("SelectClipRgn", KestKernel32::SelectClipRgn, 0),
-        answers("SelectObject", KestKernel32::SelectObject, nullptr),
-        answers("FindCloseChangeNotification", KestKernel32::FindCloseChangeNotification, 0),
-        answers("FindNextChangeNotification", KestKernel32::FindNextChangeNotification, 0),
-        answers("FindFirstChangeNotificationW", KestKernel32::FindFirstChangeNotificationW,
-                reinterpret_cast<HANDLE>(-1L)),
-        answers("WaitForSingleObject", KestKernel32::WaitForSingleObject, 0),
-        answers("GetCursor", KestUser32::GetCursor, nullptr),
-        answers("EnableWindow", KestUser32::EnableWindow, 0),
-        answers("SetFocus", KestUser32::SetFocus, nullptr),
-        answers("GetFocus", KestUser32::GetFocus, nullptr),
-        answers("GetDlgItem", KestUser32::GetDlgItem, nullptr),
-        answers("GetDesktopWindow", KestUser32::GetDesktopWindow, nullptr),
-        answers("GetWindowRect", KestUser32::GetWindowRect, 0),
-    };
-    expectFixedResults(rows);
+    for (const Arguments kind : {Arguments::plausible, Arguments::null, Arguments::allBitsSet})
+    {
+        for (const FixedResult& row : {
+                 answers("IsDBCSLeadByte", KestKernel32::IsDBCSLeadByte, 0),
+                 answers("GetProcessHeap", KestKernel32::GetProcessHeap, nullptr),
+                 answers("SelectClipRgn", KestKernel32::SelectClipRgn, 0),
+                 answers("SelectObject", KestKernel32::SelectObject, nullptr),
+             })
+        {
+            SCOPED_TRACE(row.name);
+            FixedResultCall call(kind);
+            row.call(call);
+            call.expectNothingChanged();
+        }
+    }
 }
 
 TEST(Kernel32AndUser32, KeepTheCursorToThemselves)

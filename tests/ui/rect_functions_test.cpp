@@ -321,9 +321,15 @@ TEST(RectangleFunctions, SubtractingNothingLeavesAll)
         EXPECT_EQ(SubtractRect(&dst, &ten, &empty), 1);
         EXPECT_EQ(fields(dst), fields(ten));
     }
+}
+
+TEST(RectangleFunctions, SubtractionRefusesAnAbsentRectangle)
+{
     RECT dst = sentinelRect;
-    EXPECT_EQ(SubtractRect(&dst, &ten, nullptr), 1);
-    EXPECT_EQ(fields(dst), fields(ten));
+    EXPECT_EQ(SubtractRect(&dst, &ten, nullptr), 0);
+    EXPECT_EQ(SubtractRect(&dst, nullptr, &ten), 0);
+    EXPECT_EQ(fields(dst), fields(sentinelRect));
+    EXPECT_EQ(SubtractRect(nullptr, &ten, &ten), 0);
 }
 
 TEST(SubtractRect, LeavesDestinationForAnEmptyFirstRectangle)

@@ -273,14 +273,14 @@ KEST_API unsigned char* _mbsninc(const unsigned char* p, size_t n);
 
 /**
  * Always 0.
- * @kind local
+ * @kind fixed result
  * @differs{ismbblead.KnowsNoLeadBytes} No byte is a lead byte, in no encoding.
  */
 KEST_API int _ismbblead(unsigned int c);
 
 /**
  * Always 0.
- * @kind local
+ * @kind fixed result
  * @differs{ismbbtrail.KnowsNoTrailBytes} No byte is a trail byte, in no encoding.
  */
 KEST_API int _ismbbtrail(unsigned int c);

@@ -1,0 +1,131 @@
+// The fixed results of the user interface: drawing, windows, menus, printers, input methods.
+#include "kest/kernel/strings.h"
+#include "kest/kernel32_user32.h"
+#include "kest/user_interface.h"
+#include "services/fixed_results.h"
+
+namespace kest::test
+{
+
+std::vector<FixedResultTopic> userInterfaceTopics()
+{
+    return {
+        {"Drawing",
+         {
+             answers("GetDC", GetDC, nullptr),
+             answers("SelectObject", SelectObject, nullptr),
+             answers("GetSysColorBrush", GetSysColorBrush, nullptr),
+             answers("CreateSolidBrush", CreateSolidBrush, nullptr),
+             answers("GetStockObject", GetStockObject, nullptr),
+             answers("CreateCompatibleBitmap", CreateCompatibleBitmap, nullptr),
+             answers("CreateFontIndirectW", CreateFontIndirectW, nullptr),
+             answers("CreateEnhMetaFileW", CreateEnhMetaFileW, nullptr),
+             answers("CloseEnhMetaFile", CloseEnhMetaFile, nullptr),
+             answers("ReleaseDC", ReleaseDC, 0),
+             answers("DeleteDC", DeleteDC, 0),
+             answers("SelectClipRgn", SelectClipRgn, 0),
+             answers("SetBkColor", SetBkColor, 0),
+             answers("GetBkColor", GetBkColor, 0),
+             answers("FillRect", FillRect, 0),
+             answers("GetDeviceCaps", GetDeviceCaps, 0),
+             answers("GetSysColor", GetSysColor, 0),
+             answers("StretchBlt", StretchBlt, 0),
+             answers("SetStretchBltMode", SetStretchBltMode, 0),
+             answers("GetFontData", GetFontData, 0),
+             answers("ExtTextOutW", ExtTextOutW, 0),
+             answers("TranslateCharsetInfo", TranslateCharsetInfo, 0),
+             answers("DeleteEnhMetaFile", DeleteEnhMetaFile, 0),
+             answers("EnumEnhMetaFile", EnumEnhMetaFile, 0),
+         }},
+        {"ImagesAndResources",
+         {
+             answers("FindResourceW", FindResourceW, nullptr),
+             answers("LoadIconW", LoadIconW, nullptr),
+             answers("CreateDIBSection", CreateDIBSection, nullptr),
+             answers("CreateCompatibleDC", CreateCompatibleDC, nullptr),
+             answers("CreateBitmap", CreateBitmap, nullptr),
+             answers("CreatePalette", CreatePalette, nullptr),
+             answers("ImageList_Create", ImageList_Create, nullptr),
+             answers("ImageList_GetIcon", ImageList_GetIcon, nullptr),
+             answers("BitBlt", BitBlt, 1),
+             answers("RealizePalette", RealizePalette, 0),
+             answers("ImageList_ReplaceIcon", ImageList_ReplaceIcon, 0),
+             answers("ImageList_Destroy", ImageList_Destroy, 0),
+             answersItsArgument<0>("LockResource", LockResource),
+             answersItsArgument<1>("SelectPalette", SelectPalette),
+         }},
+        {"WindowsAndMessages",
+         {
+             answers("CallWindowProcW", CallWindowProcW, 0),
+             answers("SystemParametersInfoW", SystemParametersInfoW, 0),
+             answers("RegisterWindowMessageW", RegisterWindowMessageW, 0),
+             answers("PeekMessageW", PeekMessageW, 0),
+             answers("DispatchMessageW", DispatchMessageW, 0),
+             answers("FormatMessageW", FormatMessageW, 0),
+             answers("SetTimer", SetTimer, 0),
+             answers("KillTimer", KillTimer, 0),
+             answers("IsWindow", IsWindow, 1),
+             answers("TranslateMessage", TranslateMessage, 1),
+             answers("GetForegroundWindow", GetForegroundWindow, nullptr),
+             answers("GetKeyboardLayout", GetKeyboardLayout, nullptr),
+         }},
+        {"TheClipboard",
+         {
+             answers("OpenClipboard", OpenClipboard, 0),
+             answers("CloseClipboard", CloseClipboard, 0),
+             answers("GetClipboardData", GetClipboardData, nullptr),
+         }},
+        {"Menus",
+         {
+             answers("DestroyAcceleratorTable", DestroyAcceleratorTable, 0),
+             answers("DestroyMenu", DestroyMenu, 0),
+             answers("AppendMenuW", AppendMenuW, 0),
+             answers("GetMenuItemCount", GetMenuItemCount, 0),
+             answers("GetMenuItemInfoW", GetMenuItemInfoW, 0),
+             answers("EnableMenuItem", EnableMenuItem, 0),
+             answers("CheckMenuItem", CheckMenuItem, 0),
+             answers("CreatePopupMenu", CreatePopupMenu, nullptr),
+             answers("GetSubMenu", GetSubMenu, nullptr),
+         }},
+        {"Printers",
+         {
+             answers("OpenPrinterW", OpenPrinterW, 0),
+             answers("ClosePrinter", ClosePrinter, 0),
+             answers("GetPrinterW", GetPrinterW, 0),
+             answers("EnumFormsW", EnumFormsW, 0),
+             answers("DocumentPropertiesW", DocumentPropertiesW, 0),
+             answers("DeviceCapabilitiesW", DeviceCapabilitiesW, 0),
+         }},
+        {"InputMethods",
+         {
+             answers("ImmGetContext", ImmGetContext, nullptr),
+             answers("ImmAssociateContext", ImmAssociateContext, nullptr),
+             answers("ImmReleaseContext", ImmReleaseContext, 0),
+             answers("ImmSetCompositionWindow", ImmSetCompositionWindow, 0),
+             answers("ImmSetCandidateWindow", ImmSetCandidateWindow, 0),
+             answers("ImmGetCompositionStringW", ImmGetCompositionStringW, 0),
+         }},
+        {"ComplexScripts",
+         {
+             answers("ScriptBreak", ScriptBreak, 0),
+             answers("ScriptFreeCache", ScriptFreeCache, 0),
+             answers("ScriptGetProperties", ScriptGetProperties, 0),
+             answers("ScriptStringAnalyse", ScriptStringAnalyse, 0),
+             answers("ScriptStringFree", ScriptStringFree, 0),
+             answers("ScriptStringOut", ScriptStringOut, 0),
+         }},
+        {"KestUser32",
+         {
+             answers("KestUser32::GetCursor", KestUser32::GetCursor, nullptr),
+             answers("KestUser32::SetFocus", KestUser32::SetFocus, nullptr),
+             answers("KestUser32::GetFocus", KestUser32::GetFocus, nullptr),
+             answers("KestUser32::GetDlgItem", KestUser32::GetDlgItem, nullptr),
+             answers("KestUser32::GetDesktopWindow", KestUser32::GetDesktopWindow, nullptr),
+             answers("KestUser32::EnableWindow", KestUser32::EnableWindow, 0),
+             answers("KestUser32::GetWindowRect", KestUser32::GetWindowRect, 0),
+             answersItsArgument<0>("KestUser32::SetCursor", KestUser32::SetCursor),
+         }},
+    };
+}
+
+} // namespace kest::test

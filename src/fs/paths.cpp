@@ -54,7 +54,11 @@ BOOL PathRemoveFileSpecW(wchar_t* path)
 
 wchar_t* PathFindFileNameW(wchar_t* path)
 {
-    const std::wstring_view text = path != nullptr ? path : L"";
+    if (path == nullptr)
+    {
+        return nullptr;
+    }
+    const std::wstring_view text = path;
     const std::size_t last = text.rfind(separator);
     if (last != std::wstring_view::npos)
     {

@@ -10,4 +10,8 @@ namespace kest::test
 // nothing. Ends with a space unless empty.
 std::string emulatorPrefix();
 
+// Whether the test program itself runs under an emulator. What it cannot do there is then named in the test's output
+// and record, with the reason.
+bool limitedByEmulator(const std::string& limit);
+
 } // namespace kest::test

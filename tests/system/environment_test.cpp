@@ -1,3 +1,4 @@
+#include "harness/child_program.h"
 #include "harness/scoped_locale.h"
 #include "harness/scratch_folder.h"
 #include "harness/sentinel_buffer.h"
@@ -8,6 +9,7 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <string>
+#include <unistd.h>
 #include <utility>
 #include <vector>
 
@@ -215,10 +217,23 @@ TEST(CurrentDirectory, MayHaveAPathLongerThanAnyBuffer)
         std::filesystem::current_path(name);
         expected += L"/" + std::wstring(name.begin(), name.end());
     }
-    EXPECT_EQ(GetCurrentDirectoryW(0, nullptr), expected.size() + 1);
     SentinelBuffer<wchar_t, 6000> out;
-    EXPECT_EQ(GetCurrentDirectoryW(6000, out.data()), expected.size());
-    EXPECT_EQ(out.contents(), out.startingWith(expected + L'\0'));
+    if (kest::test::limitedByEmulator(
+            "getcwd() tells no path of more than 4096 bytes: the kernel leaves those to the C library, which climbs "
+            "until "
+            "it is at \"/\", and qemu-user shows the folder of its option -L under that name"))
+    {
+        EXPECT_EQ(getcwd(nullptr, 0), nullptr);
+        EXPECT_EQ(GetCurrentDirectoryW(0, nullptr), 0U);
+        EXPECT_EQ(GetCurrentDirectoryW(6000, out.data()), 0U);
+        EXPECT_TRUE(out.contents() == out.untouched());
+    }
+    else
+    {
+        EXPECT_EQ(GetCurrentDirectoryW(0, nullptr), expected.size() + 1);
+        EXPECT_EQ(GetCurrentDirectoryW(6000, out.data()), expected.size());
+        EXPECT_TRUE(out.contents() == out.startingWith(expected + L'\0'));
+    }
     for (int level = 0; level < depth; ++level)
     {
         std::filesystem::current_path("..");

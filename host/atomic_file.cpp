@@ -72,25 +72,18 @@ bool writeDraft(const std::string& draft, const std::string& content, std::optio
            fsync(file.number()) == 0 && file.close();
 }
 
-} // namespace
-
-std::optional<std::string> readWholeFile(const std::string& path)
+std::optional<std::string> readAll(int descriptor)
 {
-    const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC));
-    if (!file.valid())
-    {
-        return std::nullopt;
-    }
     std::string content;
     struct stat status;
-    if (fstat(file.number(), &status) == 0 && status.st_size > 0)
+    if (fstat(descriptor, &status) == 0 && status.st_size > 0)
     {
         content.reserve(static_cast<std::size_t>(status.st_size) + 1);
     }
     char block[16384];
     while (true)
     {
-        const ssize_t count = read(file.number(), block, sizeof block);
+        const ssize_t count = read(descriptor, block, sizeof block);
         if (count < 0 && errno != EINTR)
         {
             return std::nullopt;
@@ -101,6 +94,30 @@ std::optional<std::string> readWholeFile(const std::string& path)
         }
         content.append(block, static_cast<std::size_t>(count < 0 ? 0 : count));
     }
+}
+
+} // namespace
+
+std::optional<std::string> readWholeFile(const std::string& path)
+{
+    const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    return file.valid() ? readAll(file.number()) : std::nullopt;
+}
+
+std::optional<std::string> readRegularFile(const std::string& path)
+{
+    const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    struct stat status;
+    if (!file.valid() || fstat(file.number(), &status) != 0)
+    {
+        return std::nullopt;
+    }
+    if (!S_ISREG(status.st_mode))
+    {
+        errno = EACCES;
+        return std::nullopt;
+    }
+    return readAll(file.number());
 }
 
 FolderLock::FolderLock(const std::string& folder)

@@ -1,6 +1,8 @@
 #include "kest/host/dialog_service.h"
 
 #include "terminal_question.h"
+#include "text.h"
+#include "windows_errors.h"
 
 #include <cstdint>
 #include <deque>
@@ -34,7 +36,6 @@ enum Button : int
 constexpr UINT kindMask = 0xF;
 constexpr UINT iconMask = 0xF0;
 constexpr UINT defaultMask = 0xF00;
-constexpr HRESULT invalidArgument = static_cast<HRESULT>(0x80070057);
 
 // The buttons of each kind of message box, in MB_* order.
 const std::vector<Choice> boxButtons[] = {
@@ -68,11 +69,6 @@ const wchar_t* iconWord(UINT type)
     default:
         return L"";
     }
-}
-
-std::wstring textOrEmpty(const wchar_t* text)
-{
-    return text == nullptr ? L"" : text;
 }
 
 // Resource numbers stand where text pointers do; this host has no resources.
@@ -202,7 +198,7 @@ int TerminalDialogService::MessageBoxW(HWND, const wchar_t* lpText, const wchar_
     std::wstring prompt;
     // Windows shows "Error" above a box without a caption.
     appendLine(prompt, L"== " + (lpCaption == nullptr ? L"Error" : std::wstring(lpCaption)) + L" ==");
-    appendLine(prompt, iconWord(uType) + textOrEmpty(lpText));
+    appendLine(prompt, iconWord(uType) + std::wstring(textOrEmpty(lpText)));
     Question question = makeQuestion(std::move(prompt), choices, 0);
     const std::size_t preferred = (uType & defaultMask) >> 8;
     question.preferred = preferred < choices.size() ? preferred : 0;
@@ -231,9 +227,14 @@ HRESULT TerminalDialogService::TaskDialogIndirect(const TASKDIALOGCONFIG* pTaskC
 {
     if (pTaskConfig == nullptr || pTaskConfig->cbSize != sizeof(TASKDIALOGCONFIG))
     {
-        return invalidArgument;
+        return resultOf(errorInvalidParameter);
     }
     const TASKDIALOGCONFIG& dialog = *pTaskConfig;
+    if ((dialog.cButtons > 0 && dialog.pButtons == nullptr) ||
+        (dialog.cRadioButtons > 0 && dialog.pRadioButtons == nullptr))
+    {
+        return resultOf(errorInvalidParameter);
+    }
     constexpr DWORD verificationChecked = 0x0100;
 
     std::wstring prompt;

@@ -5,6 +5,7 @@
 #include "path_resolution.h"
 #include "unicode.h"
 #include "wildcard.h"
+#include "windows_errors.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -22,12 +23,6 @@ namespace kest::host
 
 namespace
 {
-
-constexpr int errorFileNotFound = 2;
-constexpr int errorPathNotFound = 3;
-constexpr int errorInvalidHandle = 6;
-constexpr int errorInvalidParameter = 87;
-constexpr int errorNoMoreFiles = 18;
 
 struct Closer
 {

@@ -3,6 +3,7 @@
 #include "file_status.h"
 #include "path_resolution.h"
 #include "unicode.h"
+#include "windows_errors.h"
 
 #include <cerrno>
 #include <cstdlib>
@@ -20,7 +21,6 @@ namespace kest::host
 namespace
 {
 
-constexpr int errorFileNotFound = 2;
 constexpr DWORD invalidAttributes = 0xFFFFFFFF;
 constexpr DWORD readOnlyAttribute = 0x1;
 constexpr DWORD directoryAttribute = 0x10;
@@ -94,7 +94,12 @@ BOOL FileSystemService::SetFileAttributesW(const wchar_t* lpFileName, DWORD dwFi
     const mode_t mode = status.st_mode & 07777;
     const bool readOnly = (dwFileAttributes & readOnlyAttribute) != 0;
     const mode_t wanted = readOnly ? mode & ~0222U : (mode & 0222) == 0 ? mode | 0200 : mode;
-    return wanted == mode || chmod(path->c_str(), wanted) == 0 ? 1 : 0;
+    if (wanted != mode && chmod(path->c_str(), wanted) != 0)
+    {
+        errno = windowsErrorOf(errno);
+        return 0;
+    }
+    return 1;
 }
 
 BOOL FileSystemService::PathIsURLW(const wchar_t* pszPath)

@@ -3,6 +3,7 @@
 #include "kest/host/file_system_service.h"
 #include "kest/shell_paths.h"
 #include "unicode.h"
+#include "windows_errors.h"
 
 #include <cwchar>
 #include <fstream>
@@ -16,9 +17,6 @@ namespace kest::host
 namespace
 {
 
-constexpr HRESULT errorNotFound = static_cast<HRESULT>(0x80070002);
-constexpr HRESULT errorInvalidArgument = static_cast<HRESULT>(0x80070057);
-constexpr HRESULT errorInsufficientBuffer = static_cast<HRESULT>(0x8007007A);
 constexpr int folderMask = 0xFF;
 
 // A line of user-dirs.dirs: XDG_MUSIC_DIR="$HOME/Music".
@@ -98,24 +96,24 @@ HRESULT FileSystemService::SHGetFolderPathW(HWND, int nFolder, HANDLE, DWORD, wc
 {
     if (pszPath == nullptr)
     {
-        return errorInvalidArgument;
+        return resultOf(errorInvalidParameter);
     }
     *pszPath = L'\0';
     const std::string folder = knownFolder(nFolder & folderMask);
     if (folder.empty())
     {
-        return errorInvalidArgument;
+        return resultOf(errorInvalidParameter);
     }
     const bool present =
         access(folder.c_str(), F_OK) == 0 || ((nFolder & CSIDL_FLAG_CREATE) != 0 && makeFolders(folder));
     if (!present)
     {
-        return errorNotFound;
+        return resultOf(errorFileNotFound);
     }
     const std::wstring path = fromUtf8(folder);
     if (path.size() >= MAX_PATH)
     {
-        return errorInsufficientBuffer;
+        return resultOf(errorInsufficientBuffer);
     }
     std::wmemcpy(pszPath, path.c_str(), path.size() + 1);
     return 0;

@@ -1,9 +1,9 @@
 #include "profile_file.h"
 
+#include "text.h"
 #include "unicode.h"
 
 #include <algorithm>
-#include <cstdint>
 
 namespace kest::host
 {
@@ -13,73 +13,6 @@ namespace
 
 constexpr std::string_view utf8Mark = "\xEF\xBB\xBF";
 constexpr std::string_view utf16Mark = "\xFF\xFE";
-
-std::wstring fromUtf16(std::string_view bytes)
-{
-    std::wstring text;
-    const auto unit = [bytes](std::size_t index)
-    {
-        return static_cast<std::uint32_t>(static_cast<unsigned char>(bytes[index])) |
-               static_cast<std::uint32_t>(static_cast<unsigned char>(bytes[index + 1])) << 8;
-    };
-    for (std::size_t index = 0; index + 1 < bytes.size(); index += 2)
-    {
-        std::uint32_t code = unit(index);
-        if (code >= 0xD800 && code < 0xDC00 && index + 3 < bytes.size())
-        {
-            const std::uint32_t low = unit(index + 2);
-            if (low >= 0xDC00 && low < 0xE000)
-            {
-                code = 0x10000 + ((code - 0xD800) << 10) + (low - 0xDC00);
-                index += 2;
-            }
-        }
-        text += static_cast<wchar_t>(code);
-    }
-    return text;
-}
-
-std::string toUtf16(std::wstring_view text)
-{
-    std::string bytes;
-    const auto append = [&bytes](std::uint32_t unit)
-    {
-        bytes += static_cast<char>(unit & 0xFF);
-        bytes += static_cast<char>(unit >> 8);
-    };
-    for (const wchar_t character : text)
-    {
-        const auto code = static_cast<std::uint32_t>(character);
-        if (code < 0x10000)
-        {
-            append(code);
-        }
-        else
-        {
-            append(0xD800 + ((code - 0x10000) >> 10 & 0x3FF));
-            append(0xDC00 + ((code - 0x10000) & 0x3FF));
-        }
-    }
-    return bytes;
-}
-
-bool isBlank(wchar_t character)
-{
-    return character == L' ' || (character >= L'\t' && character <= L'\r');
-}
-
-std::wstring_view trimmed(std::wstring_view text)
-{
-    while (!text.empty() && isBlank(text.front()))
-    {
-        text.remove_prefix(1);
-    }
-    while (!text.empty() && isBlank(text.back()))
-    {
-        text.remove_suffix(1);
-    }
-    return text;
-}
 
 std::wstring_view withoutQuotes(std::wstring_view text)
 {
@@ -154,7 +87,7 @@ ProfileFile::Line ProfileFile::parsed(std::string_view bytes) const
 {
     Line line;
     line.bytes = bytes;
-    const std::wstring decoded = encoding_ == Encoding::utf16 ? fromUtf16(bytes) : fromUtf8(bytes);
+    const std::wstring decoded = encoding_ == Encoding::utf16 ? fromUtf16Le(bytes) : fromUtf8(bytes);
     const std::wstring_view text = trimmed(decoded);
     line.text = text;
     if (text.starts_with(L';'))
@@ -177,7 +110,7 @@ ProfileFile::Line ProfileFile::parsed(std::string_view bytes) const
 
 std::string ProfileFile::encoded(std::wstring_view text) const
 {
-    return encoding_ == Encoding::utf16 ? toUtf16(text) : toUtf8(text);
+    return encoding_ == Encoding::utf16 ? toUtf16Le(text) : toUtf8(text);
 }
 
 ProfileFile::Line ProfileFile::made(std::wstring_view text) const

@@ -5,6 +5,7 @@
 #include "path_resolution.h"
 #include "profile_file.h"
 #include "unicode.h"
+#include "windows_errors.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -61,20 +62,32 @@ const wchar_t* pointer(const std::optional<std::wstring>& text)
 
 // ---- Files -----------------------------------------------------------------------------------------------------------
 
+// A name without a folder.
+bool isBare(std::wstring_view name)
+{
+    return name.find_first_of(L"/\\") == name.npos;
+}
+
 std::string fileOf(const wchar_t* name)
 {
-    const std::wstring_view text = name;
-    if (text.find_first_of(L"/\\") != text.npos)
+    if (!isBare(name))
     {
-        return intendedPath(text);
+        return intendedPath(name);
     }
     const std::string folder = baseFolder("XDG_CONFIG_HOME", ".config") + "/kest/";
-    return intendedPath(fromUtf8(folder) + std::wstring(text));
+    return intendedPath(fromUtf8(folder) + name);
+}
+
+// A failing write's answer.
+BOOL refused(int systemError)
+{
+    errno = windowsErrorOf(systemError);
+    return 0;
 }
 
 std::optional<ProfileFile> read(const wchar_t* name)
 {
-    const std::optional<std::string> content = name == nullptr ? std::nullopt : readWholeFile(fileOf(name));
+    const std::optional<std::string> content = name == nullptr ? std::nullopt : readRegularFile(fileOf(name));
     return content ? std::optional<ProfileFile>(*content) : std::nullopt;
 }
 
@@ -234,14 +247,13 @@ BOOL ProfileService::WritePrivateProfileStringW(const wchar_t* lpAppName, const 
 {
     if (lpAppName == nullptr || lpFileName == nullptr)
     {
-        errno = EINVAL;
-        return 0;
+        return refused(EINVAL);
     }
     std::string path = fileOf(lpFileName);
     std::string folder = path.substr(0, path.rfind('/') + 1);
-    if (std::wstring_view(lpFileName).find_first_of(L"/\\") == std::wstring_view::npos && !makeFolders(folder))
+    if (isBare(lpFileName) && !makeFolders(folder))
     {
-        return 0;
+        return refused(errno);
     }
     // A link stays one: what it leads to is replaced.
     if (char* const target = realpath(path.c_str(), nullptr))
@@ -253,12 +265,13 @@ BOOL ProfileService::WritePrivateProfileStringW(const wchar_t* lpAppName, const 
     const FolderLock lock(folder);
     if (!lock.held())
     {
-        return 0;
+        // Without its folder a file cannot be made: that is not the file's own absence.
+        return refused(errno == ENOENT ? ENOTDIR : errno);
     }
-    const std::optional<std::string> before = readWholeFile(path);
+    const std::optional<std::string> before = readRegularFile(path);
     if (!before && errno != ENOENT)
     {
-        return 0;
+        return refused(errno);
     }
     ProfileFile file(before.value_or(""));
     if (lpKeyName == nullptr)
@@ -274,7 +287,7 @@ BOOL ProfileService::WritePrivateProfileStringW(const wchar_t* lpAppName, const 
         file.set(lpAppName, lpKeyName, lpString);
     }
     const std::string after = file.content();
-    return before == after || replaceFile(path, after) ? 1 : 0;
+    return before == after || replaceFile(path, after) ? 1 : refused(errno);
 }
 
 BOOL ProfileService::WritePrivateProfileStringA(const char* lpAppName, const char* lpKeyName, const char* lpString,

@@ -3,6 +3,8 @@
 #include "folders.h"
 #include "kest/registry.h"
 #include "registry_store.h"
+#include "text.h"
+#include "windows_errors.h"
 
 #include <cstdlib>
 #include <cstring>
@@ -17,12 +19,6 @@ namespace kest::host
 
 namespace
 {
-
-// Windows's codes that callers of the registry meet, beside those of kest/registry.h.
-constexpr LONG errorDiskFull = 112;
-constexpr LONG errorBusy = 170;
-constexpr LONG errorRegistryCorrupt = 1015;
-constexpr LONG errorRegistryIoFailed = 1016;
 
 constexpr REGSAM maximumAllowed = 0x02000000;
 constexpr REGSAM genericAll = 0x10000000;
@@ -67,11 +63,6 @@ REGSAM granted(REGSAM wish)
     rights |= (wish & (genericRead | genericExecute)) != 0 ? KEY_READ : 0U;
     rights |= (wish & genericWrite) != 0 ? KEY_WRITE : 0U;
     return rights;
-}
-
-std::wstring_view textOrEmpty(const wchar_t* text)
-{
-    return text == nullptr ? std::wstring_view() : std::wstring_view(text);
 }
 
 // A path below a key: it may end in a backslash, must not begin with one, and its names are bounded.

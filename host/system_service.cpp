@@ -2,6 +2,7 @@
 
 #include "folders.h"
 #include "unicode.h"
+#include "windows_errors.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -20,9 +21,6 @@ namespace kest::host
 
 namespace
 {
-
-constexpr int errorInvalidParameter = 87;
-constexpr int errorInsufficientBuffer = 122;
 
 // ---- Numbers -----------------------------------------------------------------------------------------------------------
 

@@ -1,8 +1,8 @@
 #include "terminal_question.h"
 
+#include "text.h"
 #include "unicode.h"
 
-#include <algorithm>
 #include <cstdio>
 #include <optional>
 #include <string_view>
@@ -26,13 +26,6 @@ std::wstring shown(const std::wstring& label)
         text += label[at];
     }
     return text;
-}
-
-std::wstring_view trimmed(std::wstring_view text)
-{
-    constexpr std::wstring_view blanks = L" \t\r\n";
-    const std::size_t begin = std::min(text.find_first_not_of(blanks), text.size());
-    return text.substr(begin, text.find_last_not_of(blanks) + 1 - begin);
 }
 
 void print(const std::wstring& text)
@@ -93,11 +86,17 @@ std::optional<std::size_t> meaning(const Question& question, std::wstring_view a
     return found;
 }
 
-int unattendedAnswer(const Question& question, int unattended)
+// Index of the choice that is made where nobody can be asked.
+std::size_t unattendedChoice(const Question& question, int unattended)
 {
-    const auto chosen = std::find_if(question.choices.begin(), question.choices.end(),
-                                     [unattended](const Choice& choice) { return choice.id == unattended; });
-    return chosen != question.choices.end() ? chosen->id : question.choices[question.preferred].id;
+    for (std::size_t index = 0; index < question.choices.size(); ++index)
+    {
+        if (question.choices[index].id == unattended)
+        {
+            return index;
+        }
+    }
+    return question.preferred;
 }
 
 } // namespace
@@ -111,11 +110,9 @@ int ask(const Question& question, int unattended)
         printChoices(question);
         if (!attended)
         {
-            const int answer = unattendedAnswer(question, unattended);
-            const auto chosen = std::find_if(question.choices.begin(), question.choices.end(),
-                                             [answer](const Choice& choice) { return choice.id == answer; });
-            print(shown(chosen->label) + L"\n");
-            return answer;
+            const Choice& chosen = question.choices[unattendedChoice(question, unattended)];
+            print(shown(chosen.label) + L"\n");
+            return chosen.id;
         }
         const std::optional<std::wstring> line = readLine();
         if (!line)

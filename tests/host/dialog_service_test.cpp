@@ -176,6 +176,12 @@ TEST(TaskDialogs, RefuseWrongRecords)
     config.cbSize = 12;
     EXPECT_EQ(service.TaskDialogIndirect(&config, &button, nullptr, nullptr), static_cast<HRESULT>(0x80070057));
     EXPECT_EQ(service.TaskDialogIndirect(nullptr, &button, nullptr, nullptr), static_cast<HRESULT>(0x80070057));
+    config = taskDialog();
+    config.cButtons = 1;
+    EXPECT_EQ(service.TaskDialogIndirect(&config, &button, nullptr, nullptr), static_cast<HRESULT>(0x80070057));
+    config = taskDialog();
+    config.cRadioButtons = 1;
+    EXPECT_EQ(service.TaskDialogIndirect(&config, &button, nullptr, nullptr), static_cast<HRESULT>(0x80070057));
     EXPECT_EQ(button, 77);
 }
 

@@ -1,20 +1,21 @@
 #include "kest/host/profile_service.h"
 
+#include "full_disk.h"
+#include "harness/in_child.h"
+#include "harness/ordinary_user.h"
 #include "harness/scoped_locale.h"
 #include "harness/scratch_folder.h"
 #include "harness/sentinel_buffer.h"
 
 #include <algorithm>
 #include <cerrno>
-#include <csignal>
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <string>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <thread>
-#include <unistd.h>
 #include <vector>
 
 namespace
@@ -47,6 +48,17 @@ protected:
     BOOL write(const wchar_t* section, const wchar_t* key, const wchar_t* value)
     {
         return service_.WritePrivateProfileStringW(section, key, value, file_.c_str());
+    }
+
+    // What stands in the scratch folder.
+    std::vector<std::string> files() const
+    {
+        std::vector<std::string> names;
+        for (const auto& entry : std::filesystem::directory_iterator(folder_.path()))
+        {
+            names.push_back(entry.path().filename());
+        }
+        return names;
     }
 
     ScratchFolder folder_;
@@ -217,15 +229,74 @@ TEST_F(Profiles, KeepTheModeOfAFileAndTheLinkToIt)
 TEST_F(Profiles, RefuseWhatCannotBeWritten)
 {
     EXPECT_EQ(write(nullptr, L"x", L"1"), 0);
-    EXPECT_EQ(errno, EINVAL);
+    EXPECT_EQ(errno, 87);
     EXPECT_EQ(service_.WritePrivateProfileStringW(L"A", L"x", L"1", nullptr), 0);
+    EXPECT_EQ(errno, 87);
     file_ = folder_.path().wstring() + L"/none/settings.ini";
     EXPECT_EQ(write(L"A", L"x", L"1"), 0);
-    EXPECT_EQ(errno, ENOENT);
+    EXPECT_EQ(errno, 3);
     std::filesystem::create_directory("folder.ini");
     file_ = folder_.path().wstring() + L"/folder.ini";
     EXPECT_EQ(write(L"A", L"x", L"1"), 0);
-    EXPECT_EQ(errno, EISDIR);
+    EXPECT_EQ(errno, 5);
+}
+
+// Devices would be read without end and pipes wait for a writer; a replaced device would be no device any more.
+TEST_F(Profiles, LeaveDevicesAndPipesAlone)
+{
+    ASSERT_EQ(mkfifo("pipe.ini", 0600), 0);
+    std::filesystem::create_symlink("/dev/zero", "zero.ini");
+    for (const wchar_t* const name : {L"/pipe.ini", L"/zero.ini"})
+    {
+        file_ = folder_.path().wstring() + name;
+        EXPECT_EQ(read(L"A", L"x"), L"missing");
+        EXPECT_EQ(write(L"A", L"x", L"1"), 0);
+        EXPECT_EQ(errno, 5);
+    }
+    EXPECT_TRUE(std::filesystem::is_fifo("pipe.ini"));
+}
+
+TEST_F(Profiles, AnswerForAFullDiskAndLoseNothing)
+{
+    const std::string before = "[A]\nx=1\n";
+    content(before);
+    {
+        const kest::test::FullDisk full;
+        EXPECT_EQ(write(L"A", L"x", L"2"), 0);
+        EXPECT_EQ(errno, 112);
+        EXPECT_EQ(read(L"A", L"x"), L"1");
+    }
+    EXPECT_EQ(content(), before);
+    EXPECT_EQ(files(), std::vector<std::string>{"settings.ini"});
+    EXPECT_EQ(write(L"A", L"x", L"2"), 1);
+    EXPECT_EQ(content(), "[A]\nx=2\n");
+}
+
+TEST_F(Profiles, AnswerForReadOnlyFoldersAndFiles)
+{
+    namespace fs = std::filesystem;
+    fs::permissions(folder_.path(), fs::perms(0755));
+    folder_.write("closed/settings.ini", "[A]\nx=1\n");
+    folder_.write("open/settings.ini", "[A]\nx=1\n");
+    fs::permissions("closed/settings.ini", fs::perms(0666));
+    fs::permissions("open/settings.ini", fs::perms(0444));
+    fs::permissions("closed", fs::perms(0555));
+    fs::permissions("open", fs::perms(0777));
+    EXPECT_EQ(kest::test::statusOfOrdinaryUser(
+                  [this]
+                  {
+                      for (const wchar_t* const name : {L"/closed/settings.ini", L"/open/settings.ini"})
+                      {
+                          file_ = folder_.path().wstring() + name;
+                          EXPECT_EQ(write(L"A", L"x", L"2"), 0) << name;
+                          EXPECT_EQ(errno, 5) << name;
+                          EXPECT_EQ(read(L"A", L"x"), L"1") << name;
+                      }
+                  }),
+              0);
+    EXPECT_EQ(folder_.read("closed/settings.ini"), "[A]\nx=1\n");
+    EXPECT_EQ(folder_.read("open/settings.ini"), "[A]\nx=1\n");
+    fs::permissions("closed", fs::perms(0755));
 }
 
 TEST_F(Profiles, LoseNoWriteOfEightProcesses)
@@ -233,37 +304,26 @@ TEST_F(Profiles, LoseNoWriteOfEightProcesses)
     constexpr int processes = 8;
     constexpr int writes = 15;
     content("; shared\n");
-    std::vector<pid_t> children;
-    for (int process = 0; process < processes; ++process)
-    {
-        const pid_t child = fork();
-        ASSERT_GE(child, 0);
-        if (child == 0)
-        {
-            bool good = true;
-            for (int number = 0; number < writes; ++number)
-            {
-                const std::wstring section = L"section " + std::to_wstring(number % 3);
-                const std::wstring key = std::to_wstring(process) + L" " + std::to_wstring(number);
-                good = good && write(section.c_str(), key.c_str(), key.c_str()) == 1;
-            }
-            _exit(good ? 0 : 1);
-        }
-        children.push_back(child);
-    }
-    for (const pid_t child : children)
-    {
-        int status = 0;
-        ASSERT_EQ(waitpid(child, &status, 0), child);
-        EXPECT_EQ(status, 0);
-    }
+    const auto sectionOf = [](int number) { return L"section " + std::to_wstring(number % 3); };
+    const auto keyOf = [](int process, int number)
+    { return std::to_wstring(process) + L" " + std::to_wstring(number); };
+    EXPECT_EQ(kest::test::failuresInChildren(processes,
+                                             [&](int process)
+                                             {
+                                                 for (int number = 0; number < writes; ++number)
+                                                 {
+                                                     const std::wstring key = keyOf(process, number);
+                                                     ASSERT_EQ(
+                                                         write(sectionOf(number).c_str(), key.c_str(), key.c_str()), 1);
+                                                 }
+                                             }),
+              0);
     for (int process = 0; process < processes; ++process)
     {
         for (int number = 0; number < writes; ++number)
         {
-            const std::wstring section = L"section " + std::to_wstring(number % 3);
-            const std::wstring key = std::to_wstring(process) + L" " + std::to_wstring(number);
-            EXPECT_EQ(read(section.c_str(), key.c_str()), key);
+            const std::wstring key = keyOf(process, number);
+            EXPECT_EQ(read(sectionOf(number).c_str(), key.c_str()), key);
         }
     }
     EXPECT_EQ(content().substr(0, 9), "; shared\n");
@@ -301,19 +361,15 @@ TEST_F(Profiles, LoseNothingWhenAWriterIsKilled)
     ASSERT_EQ(write(L"A", L"kept", L"always"), 1);
     for (int round = 0; round < 300; ++round)
     {
-        const pid_t child = fork();
-        ASSERT_GE(child, 0);
-        if (child == 0)
-        {
-            for (wchar_t letter = L'a';; letter = letter == L'z' ? L'a' : static_cast<wchar_t>(letter + 1))
+        kest::test::killedInChild(
+            [this]
             {
-                write(L"A", L"x", std::wstring(2000, letter).c_str());
-            }
-        }
-        usleep(static_cast<useconds_t>(round * 37 % 4000));
-        ASSERT_EQ(kill(child, SIGKILL), 0);
-        int status = 0;
-        ASSERT_EQ(waitpid(child, &status, 0), child);
+                for (wchar_t letter = L'a';; letter = letter == L'z' ? L'a' : static_cast<wchar_t>(letter + 1))
+                {
+                    write(L"A", L"x", std::wstring(2000, letter).c_str());
+                }
+            },
+            std::chrono::microseconds(round * 37 % 4000));
         std::wstring value(3000, L'\0');
         value.resize(service_.GetPrivateProfileStringW(L"A", L"x", L"", value.data(), 3000, file_.c_str()));
         ASSERT_EQ(value, std::wstring(2000, value.at(0))) << round;
@@ -321,12 +377,7 @@ TEST_F(Profiles, LoseNothingWhenAWriterIsKilled)
     }
     // The next writer clears away what a killed one left.
     ASSERT_EQ(write(L"A", L"x", L"end"), 1);
-    std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(folder_.path()))
-    {
-        names.push_back(entry.path().filename());
-    }
-    EXPECT_EQ(names, std::vector<std::string>{"settings.ini"});
+    EXPECT_EQ(files(), std::vector<std::string>{"settings.ini"});
 }
 
 } // namespace

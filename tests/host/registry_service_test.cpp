@@ -1,21 +1,20 @@
 #include "kest/host/registry_service.h"
 
+#include "full_disk.h"
+#include "harness/in_child.h"
+#include "harness/ordinary_user.h"
 #include "harness/scratch_folder.h"
 #include "harness/sentinel_buffer.h"
 #include "kest/registry.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <cstdint>
 #include <ctime>
-#include <fcntl.h>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <set>
 #include <string>
 #include <sys/stat.h>
-#include <sys/syscall.h>
-#include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
 #include <vector>
@@ -25,26 +24,6 @@ namespace
 
 using kest::host::RegistryService;
 using kest::test::ScratchFolder;
-
-bool diskIsFull = false;
-
-} // namespace
-
-// SQLite writes through these; while the disk is said to be full, they fail as on a full disk.
-extern "C" __attribute__((visibility("default"))) ssize_t pwrite64(int descriptor, const void* data, size_t size,
-                                                                   off64_t offset);
-extern "C" ssize_t pwrite64(int descriptor, const void* data, size_t size, off64_t offset)
-{
-    if (diskIsFull)
-    {
-        errno = ENOSPC;
-        return -1;
-    }
-    return syscall(SYS_pwrite64, descriptor, data, size, offset);
-}
-
-namespace
-{
 
 // A registry in a scratch folder, and shorter spellings of its operations.
 class Registry : public testing::Test
@@ -464,40 +443,30 @@ TEST_F(Registry, LosesNoWriteOfEightProcesses)
 {
     constexpr int processes = 8;
     constexpr int writes = 20;
-    std::vector<pid_t> children;
-    for (int process = 0; process < processes; ++process)
-    {
-        const pid_t child = fork();
-        ASSERT_GE(child, 0);
-        if (child == 0)
-        {
-            RegistryService service(file_.string());
-            bool good = true;
-            for (int number = 0; number < writes; ++number)
-            {
-                const std::wstring path = L"shared\\" + std::to_wstring(process) + L"\\" + std::to_wstring(number);
-                HKEY* key = nullptr;
-                good = good && service.RegCreateKeyW(HKEY_CURRENT_USER, path.c_str(), &key) == 0 &&
-                       service.RegSetValueExW(*key, L"x", 0, REG_DWORD, reinterpret_cast<const BYTE*>(&number),
-                                              sizeof number) == 0;
-            }
-            _exit(good ? 0 : 1);
-        }
-        children.push_back(child);
-    }
-    for (const pid_t child : children)
-    {
-        int status = 0;
-        ASSERT_EQ(waitpid(child, &status, 0), child);
-        EXPECT_EQ(status, 0);
-    }
+    const auto pathOf = [](int process, int number)
+    { return L"shared\\" + std::to_wstring(process) + L"\\" + std::to_wstring(number); };
+    EXPECT_EQ(kest::test::failuresInChildren(
+                  processes,
+                  [&](int process)
+                  {
+                      RegistryService service(file_.string());
+                      for (int number = 0; number < writes; ++number)
+                      {
+                          HKEY* key = nullptr;
+                          const std::wstring path = pathOf(process, number);
+                          ASSERT_EQ(service.RegCreateKeyW(HKEY_CURRENT_USER, path.c_str(), &key), 0);
+                          ASSERT_EQ(service.RegSetValueExW(*key, L"x", 0, REG_DWORD,
+                                                           reinterpret_cast<const BYTE*>(&number), sizeof number),
+                                    0);
+                      }
+                  }),
+              0);
     for (int process = 0; process < processes; ++process)
     {
         for (int number = 0; number < writes; ++number)
         {
-            const std::wstring path = L"shared\\" + std::to_wstring(process) + L"\\" + std::to_wstring(number);
             HKEY key = nullptr;
-            ASSERT_EQ(service_.RegOpenKeyExW(HKEY_CURRENT_USER, path.c_str(), 0, KEY_READ, &key), 0);
+            ASSERT_EQ(service_.RegOpenKeyExW(HKEY_CURRENT_USER, pathOf(process, number).c_str(), 0, KEY_READ, &key), 0);
             int value = -1;
             DWORD bytes = sizeof value;
             EXPECT_EQ(service_.RegQueryValueExW(key, L"x", nullptr, nullptr, reinterpret_cast<BYTE*>(&value), &bytes),
@@ -525,31 +494,15 @@ TEST_F(Registry, AnswersForAFullDiskAndLosesNothing)
 {
     const HKEY key = create(L"disk");
     ASSERT_EQ(setText(key, L"before", L"kept"), 0);
-    diskIsFull = true;
-    EXPECT_EQ(setText(key, L"during", std::wstring(100'000, L'x')), 112);
-    diskIsFull = false;
+    {
+        const kest::test::FullDisk full;
+        EXPECT_EQ(setText(key, L"during", std::wstring(100'000, L'x')), 112);
+        EXPECT_EQ(text(key, L"before"), L"kept");
+    }
     EXPECT_EQ(service_.RegQueryValueExW(key, L"during", nullptr, nullptr, nullptr, nullptr), ERROR_FILE_NOT_FOUND);
     EXPECT_EQ(text(key, L"before"), L"kept");
     EXPECT_EQ(setText(key, L"after", L"works"), 0);
     EXPECT_EQ(text(key, L"after"), L"works");
-}
-
-// Permissions do not bind the superuser: a child without its rights looks.
-template <class Action>
-int asOrdinaryUser(Action action)
-{
-    const pid_t child = fork();
-    if (child == 0)
-    {
-        if (geteuid() == 0 && (setgid(65534) != 0 || setuid(65534) != 0))
-        {
-            _exit(99);
-        }
-        _exit(action() ? 0 : 1);
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    return status;
 }
 
 TEST_F(Registry, AnswersForAReadOnlyFolder)
@@ -563,12 +516,12 @@ TEST_F(Registry, AnswersForAReadOnlyFolder)
                                  std::filesystem::perms::others_read | std::filesystem::perms::others_exec,
                                  std::filesystem::perm_options::add);
     const std::string file = (folder_.path() / "closed" / "registry.db").string();
-    EXPECT_EQ(asOrdinaryUser(
+    EXPECT_EQ(kest::test::statusOfOrdinaryUser(
                   [&]
                   {
                       RegistryService service(file);
                       HKEY* key = nullptr;
-                      return service.RegCreateKeyW(HKEY_CURRENT_USER, L"a", &key) == ERROR_ACCESS_DENIED;
+                      EXPECT_EQ(service.RegCreateKeyW(HKEY_CURRENT_USER, L"a", &key), ERROR_ACCESS_DENIED);
                   }),
               0);
     EXPECT_TRUE(std::filesystem::is_empty("closed"));

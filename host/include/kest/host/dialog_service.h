@@ -47,7 +47,8 @@ public:
     LRESULT SendMessageW(HWND hWnd, UINT Msg, WPARAM wParam, LPARAM lParam) override;
     /**
      * Asks for a button, after that for a radio button where there are any, and for the verification. 0 with the
-     * answers stored where pointers are given; 0x80070057 for a null or wrongly sized record.
+     * answers stored where pointers are given; 0x80070057 for a null or wrongly sized record,
+     * or one that counts buttons and has none.
      */
     HRESULT TaskDialogIndirect(const TASKDIALOGCONFIG* pTaskConfig, int* pnButton, int* pnRadioButton,
                                BOOL* pfVerificationFlagChecked) override;

@@ -14,7 +14,8 @@
  * File names: backslashes separate as slashes do, and components are found without case if there is no exact match.
  * A bare name stands in kest/ below $XDG_CONFIG_HOME or ~/.config, as on Windows it stands in the system's folder.
  *
- * A failing write answers 0 and leaves the reason in errno.
+ * A failing write answers 0, leaves the file as it was and Windows's code for the reason in errno, which is the
+ * last-error value. What is no regular file reads as a missing one and is not written.
  */
 #ifndef KEST_HOST_PROFILE_SERVICE_H
 #define KEST_HOST_PROFILE_SERVICE_H

@@ -247,7 +247,7 @@ extern "C"
 
 /**
  * Returns the installed hub, or null before installation. No locking, no side effect.
- * Kind: local.
+ * @kind local
  */
 KEST_API IPlatformServices* platformServices();
 
@@ -256,7 +256,7 @@ KEST_API IPlatformServices* platformServices();
  * uninstalled. There is no way to remove or replace a hub. A plain test and store: call it before other
  * threads call into the library.
  * @param services  the hub; stays the host's and must outlive every call into the library.
- * Kind: local.
+ * @kind local
  */
 KEST_API void setPlatformServices(IPlatformServices* services);
 

@@ -20,7 +20,8 @@
 
 /**
  * Reports a newly built string object.
- * @param p  the object's own address (not its characters); null is ignored and creates no registry.
+ * @param p  the object's own address (not its characters); null is ignored and creates no registry. When there is no
+ * memory for the registry the report is lost and nothing else.
  * @kind local
  */
 KEST_API void updateCStringManagerData(const void* p);
@@ -35,14 +36,14 @@ public:
     KestPlatformCStringManager(const KestPlatformCStringManager&) = delete;
     KestPlatformCStringManager& operator=(const KestPlatformCStringManager&) = delete;
 
-    /** Returns the instance, creating it on the first call. It stays the library's. */
+    /** Returns the instance, creating it on the first call; std::bad_alloc without memory. It stays the library's. */
     KEST_API static KestPlatformCStringManager* getInstance();
 
     /** Destroys the instance, if there is one; the next getInstance creates an empty one. */
     KEST_API static void destroyInstance();
 
     /**
-     * Remembers p in the oldest slot. The same address reported twice takes two slots.
+     * Remembers p in the slot whose turn it is, the oldest. The same address reported twice takes two slots.
      * Null is ignored; so is everything while updates are forbidden.
      */
     KEST_API void insertElement(const void* p);

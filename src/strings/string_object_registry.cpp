@@ -4,6 +4,7 @@
 #include <atomic>
 #include <cstddef>
 #include <memory>
+#include <new>
 
 namespace
 {
@@ -63,9 +64,13 @@ void KestPlatformCStringManager::insertElement(const void* p)
     }
     auto next = atomically(m_nextIndex);
     int index = next.load(std::memory_order_relaxed);
-    while (!next.compare_exchange_weak(index, (index + 1) % static_cast<int>(slotCount), std::memory_order_relaxed))
+    do
     {
-    }
+        if (static_cast<std::size_t>(index) >= m_slots.size())
+        {
+            return;
+        }
+    } while (!next.compare_exchange_weak(index, (index + 1) % static_cast<int>(slotCount), std::memory_order_relaxed));
     atomically(m_slots[static_cast<std::size_t>(index)]).store(p, std::memory_order_relaxed);
 }
 
@@ -97,9 +102,17 @@ void KestPlatformCStringManager::setForbiddenUpdateState(bool forbidden)
 
 void updateCStringManagerData(const void* p)
 {
-    if (p != nullptr)
+    if (p == nullptr)
+    {
+        return;
+    }
+    try
     {
         KestPlatformCStringManager::getInstance()->insertElement(p);
+    }
+    catch (const std::bad_alloc&)
+    {
+        // Strings are built all the same, and moves of them promise not to throw.
     }
 }
 

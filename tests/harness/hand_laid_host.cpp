@@ -25,6 +25,7 @@ struct Record
     Word answer = HandLaidHost::answer;
     std::array<bool, serviceCount> withheld{};
     std::array<int, serviceCount> getterCalls{};
+    std::array<const void*, serviceCount> handedOutLast{};
     std::vector<ServiceCall> calls;
     std::vector<std::string> unusedCalls;
     std::function<void(const ServiceCall&)> action;
@@ -41,11 +42,19 @@ constexpr std::size_t index(Service service)
 }
 
 extern HandLaidObject hubObject;
-extern std::array<HandLaidObject, serviceCount> serviceObjects;
+extern std::array<void* const*, serviceCount> serviceTables;
+
+// The objects that a service's getter hands out, one after the other.
+std::array<std::array<HandLaidObject, 2>, serviceCount> serviceObjects;
+
+void expectHandedOutLast(const void* self, Service service)
+{
+    EXPECT_EQ(self, record.handedOutLast[index(service)]);
+}
 
 void recordCall(void* self, Service service, int position, std::vector<Word> arguments)
 {
-    EXPECT_EQ(self, &serviceObjects[index(service)]);
+    expectHandedOutLast(self, service);
     record.calls.push_back({service, position, std::move(arguments)});
     if (record.action)
     {
@@ -63,7 +72,7 @@ void recordUnusedCall(std::string_view object, int position)
 template <Service Name, int Position>
 void unused(void* self)
 {
-    EXPECT_EQ(self, &serviceObjects[index(Name)]);
+    expectHandedOutLast(self, Name);
     recordUnusedCall(serviceNames[index(Name)], Position);
 }
 
@@ -78,8 +87,11 @@ template <Service Name>
 HandLaidObject* getter(void* self)
 {
     EXPECT_EQ(self, &hubObject);
-    ++record.getterCalls[index(Name)];
-    return record.withheld[index(Name)] ? nullptr : &serviceObjects[index(Name)];
+    const int call = record.getterCalls[index(Name)]++;
+    HandLaidObject& object = serviceObjects[index(Name)][static_cast<std::size_t>(call % 2)];
+    object.table = serviceTables[index(Name)];
+    record.handedOutLast[index(Name)] = &object;
+    return record.withheld[index(Name)] ? nullptr : &object;
 }
 
 template <Service Name, int Position, class Result, class... Parameters>
@@ -239,15 +251,9 @@ void* const systemTable[] = {
 };
 
 HandLaidObject hubObject = {hubTable};
-std::array<HandLaidObject, serviceCount> serviceObjects = {{{windowTable},
-                                                            {fileSystemTable},
-                                                            {cursorTable},
-                                                            {fontTable},
-                                                            {graphicsTable},
-                                                            {profileTable},
-                                                            {dialogTable},
-                                                            {registryTable},
-                                                            {systemTable}}};
+std::array<void* const*, serviceCount> serviceTables = {windowTable, fileSystemTable, cursorTable,
+                                                        fontTable,   graphicsTable,   profileTable,
+                                                        dialogTable, registryTable,   systemTable};
 
 } // namespace
 

@@ -1,6 +1,7 @@
 // A host laid out by hand: a hub and nine services whose tables are bare arrays of function pointers, as a host built
 // elsewhere lays them out. It owes nothing to the declarations of the interfaces, so that it proves their slots. Every
-// call is recorded; a call of an unused slot fails the test.
+// call is recorded; a call of an unused slot fails the test. A getter hands out two objects in turn, and a call fails
+// the test on any object but the one handed out last: which getter call a forward goes by shows.
 #pragma once
 
 #include "kest/base_types.h"

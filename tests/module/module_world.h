@@ -52,6 +52,8 @@ struct Record
     std::function<void()> duringConstruction;
     // Answers the next reading of a link in place of the system.
     std::function<ssize_t(char*, std::size_t)> readingLink;
+    // Answers the next closing of a module in place of the loader, which still closes it.
+    std::function<int()> closing;
 
     void forget() { *this = Record(); }
 };

@@ -108,14 +108,15 @@ TEST_F(StringObjectRegistry, FindsNothingAfterItsInstanceIsDestroyed)
 }
 
 // Modules built by others read the fields where they are: a vector of 16, a flag, an index.
+struct Layout
+{
+    std::vector<const void*> slots;
+    bool forbiddenUpdate;
+    int nextIndex;
+};
+
 TEST_F(StringObjectRegistry, KeepsItsFieldLayout)
 {
-    struct Layout
-    {
-        std::vector<const void*> slots;
-        bool forbiddenUpdate;
-        int nextIndex;
-    };
     static_assert(sizeof(KestPlatformCStringManager) == sizeof(Layout));
 
     KestPlatformCStringManager registry;
@@ -134,6 +135,24 @@ TEST_F(StringObjectRegistry, KeepsItsFieldLayout)
     EXPECT_EQ(fields->slots[15], address(15));
     EXPECT_TRUE(fields->forbiddenUpdate);
     EXPECT_EQ(fields->nextIndex, 2);
+}
+
+TEST_F(StringObjectRegistry, IgnoresReportsForWhichItHasNoSlot)
+{
+    KestPlatformCStringManager registry;
+    auto* const fields = reinterpret_cast<Layout*>(&registry);
+    for (const int index : {16, -1})
+    {
+        fields->nextIndex = index;
+        registry.insertElement(address(1));
+        EXPECT_FALSE(registry.isElementValid(address(1)));
+        EXPECT_EQ(fields->nextIndex, index);
+    }
+    fields->slots.clear();
+    fields->nextIndex = 0;
+    registry.insertElement(address(1));
+    EXPECT_EQ(fields->nextIndex, 0);
+    EXPECT_FALSE(registry.isElementValid(address(1)));
 }
 
 TEST_F(StringObjectRegistry, HearsOfEveryConstructionOfAString)

@@ -1,5 +1,5 @@
-"""Installs the library into a scratch prefix, builds an outside project against it with the CMake package and with
-pkg-config, and runs both programs. Also builds the Debian packages and looks at what they hold."""
+"""Installs the libraries into a scratch prefix, builds an outside project against each with the CMake package and with
+pkg-config, and runs the programs. Also builds the Debian packages and looks at what they hold."""
 
 import argparse
 import os
@@ -11,65 +11,110 @@ import tempfile
 
 HERE = pathlib.Path(__file__).resolve().parent
 
+
+class Library:
+    """What an outside project gets to see of a library, and what its program prints when all is well."""
+
+    def __init__(self, target, pkg_config, header, output):
+        self.file = f"lib{target}.so"
+        self.targets_file = f"{target}Targets.cmake"
+        self.package = f"lib{target}".lower()
+        self.pkg_config = pkg_config
+        self.header = header
+        self.output = output
+
+
+# By project: the folders beside this file.
+LIBRARIES = {
+    "platform_base": Library("KestPlatformBase", "kest-platform-base", "kest/kernel.h", "no hub\n"),
+    "reference_host": Library("KestReferenceHost", "kest-reference-host", "kest/reference_host.h",
+                              "the reference host answers\n"),
+}
+
+
 def run(*command, **options):
     result = subprocess.run([str(word) for word in command], capture_output=True, text=True, **options)
     if result.returncode != 0:
         sys.exit(f"{' '.join(map(str, command))}:\n{result.stdout}{result.stderr}")
     return result.stdout
 
-def expect_runs(program, emulator, library_folder):
-    environment = dict(os.environ, LD_LIBRARY_PATH=str(library_folder))
-    output = run(*emulator, program, env=environment)
-    if output != "no hub\n":
+
+def expect_prints(program, emulator, expected):
+    output = run(*emulator, program)
+    if output != expected:
         sys.exit(f"{program} prints {output!r}")
 
-def check_cmake_package(options, prefix, library_folder, scratch):
-    build = scratch / "cmake"
-    run("cmake", "-S", HERE / "outside_project", "-B", build, "-G", "Ninja", f"-DCMAKE_PREFIX_PATH={prefix}",
-        *options.configure)
-    run("cmake", "--build", build)
-    expect_runs(build / "outside_program", options.emulator, library_folder)
 
-def check_pkg_config(options, prefix, library_folder, scratch):
+def check_cmake_package(options, project, prefix, scratch):
+    build = scratch / project / "cmake"
+    run("cmake", "-S", HERE / project, "-B", build, "-G", "Ninja", f"-DCMAKE_PREFIX_PATH={prefix}", *options.configure)
+    run("cmake", "--build", build)
+    expect_prints(build / "outside_program", options.emulator, LIBRARIES[project].output)
+
+
+def check_pkg_config(options, project, library_folder, scratch):
+    package = LIBRARIES[project].pkg_config
     environment = dict(os.environ, PKG_CONFIG_PATH=str(library_folder / "pkgconfig"))
-    flags = shlex.split(run("pkg-config", "--cflags", "--libs", "kest-platform-base", env=environment))
-    windows = run("pkg-config", "--variable=windowsincludedir", "kest-platform-base", env=environment).strip()
-    program = scratch / "outside_program"
-    run(options.compiler, "-std=c++11", HERE / "outside_project" / "outside_program.cpp", "-isystem", windows, *flags,
-        "-o", program)
-    expect_runs(program, options.emulator, library_folder)
+    flags = shlex.split(run("pkg-config", "--cflags", "--libs", package, env=environment))
+    windows = run("pkg-config", "--variable=windowsincludedir", package, env=environment).strip()
+    program = scratch / project / "pkg_config_program"
+    run(options.compiler, "-std=c++11", HERE / project / "outside_program.cpp", "-isystem", windows, *flags,
+        f"-Wl,-rpath,{library_folder}", "-o", program)
+    expect_prints(program, options.emulator, LIBRARIES[project].output)
+
 
 def check_debian_packages(options, scratch):
     run("cpack", "--config", pathlib.Path(options.build) / "CPackConfig.cmake", "-B", scratch / "packages")
-    packages = sorted((scratch / "packages").glob("*.deb"))
-    contents = {package.name.split("_")[0]: run("dpkg-deb", "--contents", package) for package in packages}
-    if contents.keys() != {"libkestplatformbase", "libkestplatformbase-dev"}:
-        sys.exit(f"the packages are {', '.join(contents)}")
-    if "libKestPlatformBase.so" not in contents["libkestplatformbase"]:
-        sys.exit("the runtime package lacks the library")
-    for name in ("kest/kernel.h", "KestPlatformBaseConfig.cmake", "kest-platform-base.pc"):
-        if name not in contents["libkestplatformbase-dev"]:
-            sys.exit(f"the development package lacks {name}")
+    packages = {package.name.split("_")[0]: package for package in (scratch / "packages").glob("*.deb")}
+    libraries = [LIBRARIES[project] for project in options.projects]
+    expected = {library.package + suffix for library in libraries for suffix in ("", "-dev")}
+    if packages.keys() != expected:
+        sys.exit(f"the packages are {', '.join(sorted(packages))}")
+    for library in libraries:
+        expect_holds(packages[library.package], library.file)
+        expect_holds(packages[library.package + "-dev"], library.header, library.targets_file, library.pkg_config + ".pc")
+    expect_holds(packages["libkestplatformbase-dev"], "KestPlatformBaseConfig.cmake", "kest-windows/windows.h",
+                 "exports.tsv")
+    expect_depends(packages, "libkestplatformbase", {"libc6"})
+
+
+def expect_holds(package, *files):
+    contents = run("dpkg-deb", "--contents", package)
+    for file in files:
+        if not any(line.endswith("/" + file) for line in contents.splitlines()):
+            sys.exit(f"{package.name} lacks {file}")
+
+
+def expect_depends(packages, name, wanted):
+    """Nothing that was not there before may creep in: the core needs the C and the C++ library only."""
+    depends = run("dpkg-deb", "--field", packages[name], "Depends")
+    names = {alternative.split()[0] for alternative in depends.split(",")}
+    if not wanted <= names <= wanted | {"libgcc-s1", "libstdc++6"}:
+        sys.exit(f"{name} depends on {', '.join(sorted(names))}")
+
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--build", required=True)
     parser.add_argument("--compiler", required=True)
-    parser.add_argument("--emulator", type=lambda text: text.split(";") if text else [], default=[])
-    parser.add_argument("--configure", type=shlex.split, default=[], help="arguments for the outside project's CMake")
+    parser.add_argument("--emulator", type=shlex.split, default=[])
+    parser.add_argument("--configure", type=shlex.split, default=[], help="arguments for the outside projects' CMake")
     parser.add_argument("--debian", action="store_true", help="build the Debian packages too")
+    parser.add_argument("projects", nargs="+", choices=LIBRARIES)
     options = parser.parse_args()
 
     with tempfile.TemporaryDirectory(prefix="kest-packaging-") as folder:
         scratch = pathlib.Path(folder)
         prefix = scratch / "prefix"
-
         run("cmake", "--install", options.build, "--prefix", prefix)
-        library = next(prefix.rglob("libKestPlatformBase.so"))
-        check_cmake_package(options, prefix, library.parent, scratch)
-        check_pkg_config(options, prefix, library.parent, scratch)
+        for project in options.projects:
+            (scratch / project).mkdir()
+            check_cmake_package(options, project, prefix, scratch)
+            library = next(prefix.rglob(LIBRARIES[project].file))
+            check_pkg_config(options, project, library.parent, scratch)
         if options.debian:
             check_debian_packages(options, scratch)
-    print("the installed package builds and runs an outside project")
+    print(f"the installed packages build and run {len(options.projects)} outside projects")
+
 
 main()

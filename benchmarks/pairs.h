@@ -1,40 +1,144 @@
-// Cases of the benchmark program: each is a pair, ours and a baseline that does the same work without us, so
-// that what is reported is a ratio of two measurements of the same run.
+// Cases of the benchmark program. A pair is ours and a baseline that does the same work without us: both run in
+// batches that take turns, so that whatever else the machine does meets both alike, and what is reported is the ratio
+// of neighbouring batches. A growth case runs one function on 1, 10 and 100 times an input, taking turns likewise.
 #pragma once
 
+#include <algorithm>
+#include <array>
 #include <benchmark/benchmark.h>
+#include <chrono>
+#include <functional>
+#include <memory>
 #include <string>
+#include <type_traits>
+#include <utility>
+#include <vector>
 
 namespace kest::benchmarks
 {
 
-// Registers "<name>/ours" and "<name>/baseline". The target is the ratio that ours must stay within; both
-// functions take the state and loop over it. The baseline's name says what it is ("wcslen", "fopen").
-template <class Ours, class Baseline>
-void addPair(const std::string& name, double target, const std::string& baselineName, Ours ours, Baseline baseline)
+// What a batch needs around it, outside the time that is taken.
+struct Around
 {
-    const auto labelled = [target, baselineName](auto function)
+    std::function<void()> before = [] {};
+    std::function<void()> after = [] {};
+    // For functions whose traces (files, descriptors) must be cleared away before there are too many.
+    long mostCalls = 1L << 20;
+};
+
+// Nanoseconds that so many calls take.
+template <class Operation>
+double timeOf(Operation& operation, long calls, const Around& around)
+{
+    using Clock = std::chrono::steady_clock;
+    around.before();
+    const Clock::time_point begin = Clock::now();
+    for (long call = 0; call < calls; ++call)
     {
-        return [=](benchmark::State& state)
+        if constexpr (std::is_void_v<std::invoke_result_t<Operation&>>)
         {
-            function(state);
-            state.counters["target"] = target;
-            state.SetLabel(baselineName);
-        };
-    };
-    benchmark::RegisterBenchmark((name + "/ours").c_str(), labelled(ours));
-    benchmark::RegisterBenchmark((name + "/baseline").c_str(), labelled(baseline));
+            operation();
+        }
+        else
+        {
+            benchmark::DoNotOptimize(operation());
+        }
+        benchmark::ClobberMemory();
+    }
+    const std::chrono::duration<double, std::nano> taken = Clock::now() - begin;
+    around.after();
+    return taken.count();
 }
 
-// Registers one function at 1, 10 and 100 times an input size: "<name>/growth/<size>".
-template <class Function>
-void addGrowth(const std::string& name, long size, Function function)
+// As many calls as make a batch long beside the clock's resolution and short beside the machine's moods.
+template <class Operation>
+long callsOfBatch(Operation& operation, const Around& around)
 {
-    for (const long factor : {1, 10, 100})
+    constexpr double batchNanoseconds = 50'000;
+    long calls = 1;
+    while (calls * 2 <= around.mostCalls && timeOf(operation, calls, around) < batchNanoseconds)
     {
-        benchmark::RegisterBenchmark((name + "/growth/" + std::to_string(size * factor)).c_str(),
-                                     [=](benchmark::State& state) { function(state, size * factor); });
+        calls *= 2;
     }
+    return calls;
+}
+
+inline double median(std::vector<double> numbers)
+{
+    const auto middle = numbers.begin() + static_cast<std::ptrdiff_t>(numbers.size() / 2);
+    std::nth_element(numbers.begin(), middle, numbers.end());
+    return *middle;
+}
+
+// The target is the ratio that ours must stay within. The baseline's name says what it is ("wcslen", "open").
+template <class Ours, class Baseline>
+void addPair(const std::string& name, double target, const std::string& baselineName, Ours ours, Baseline baseline,
+             Around around = {})
+{
+    const auto calls = std::make_shared<long>(0);
+    const auto run = [=](benchmark::State& state) mutable
+    {
+        if (*calls == 0)
+        {
+            *calls = callsOfBatch(ours, around);
+        }
+        std::vector<double> oursTimes;
+        std::vector<double> baselineTimes;
+        std::vector<double> ratios;
+        bool oursFirst = true;
+        for (auto _ : state)
+        {
+            double oursTime = oursFirst ? timeOf(ours, *calls, around) : 0;
+            const double baselineTime = timeOf(baseline, *calls, around);
+            oursTime = oursFirst ? oursTime : timeOf(ours, *calls, around);
+            oursFirst = !oursFirst;
+            oursTimes.push_back(oursTime);
+            baselineTimes.push_back(baselineTime);
+            ratios.push_back(oursTime / baselineTime);
+            state.SetIterationTime((oursTime + baselineTime) * 1e-9);
+        }
+        const auto batch = static_cast<double>(*calls);
+        state.counters["target"] = target;
+        state.counters["ours"] = median(std::move(oursTimes)) / batch;
+        state.counters["baseline"] = median(std::move(baselineTimes)) / batch;
+        state.counters["ratio"] = median(std::move(ratios));
+        state.SetLabel(baselineName);
+    };
+    benchmark::RegisterBenchmark(name.c_str(), run)->UseManualTime();
+}
+
+// `prepare` is called with a size and returns the operation on an input of that size.
+template <class Prepare>
+void addGrowth(const std::string& name, const std::string& unit, long size, Prepare prepare, Around around = {})
+{
+    const auto run = [=](benchmark::State& state)
+    {
+        constexpr std::size_t steps = 3;
+        std::array operations = {prepare(size), prepare(size * 10), prepare(size * 100)};
+        std::array<long, steps> calls;
+        std::array<std::vector<double>, steps> times;
+        for (std::size_t step = 0; step < steps; ++step)
+        {
+            calls[step] = callsOfBatch(operations[step], around);
+        }
+        for (auto _ : state)
+        {
+            double sum = 0;
+            for (std::size_t step = 0; step < steps; ++step)
+            {
+                const double time = timeOf(operations[step], calls[step], around);
+                times[step].push_back(time / static_cast<double>(calls[step]));
+                sum += time;
+            }
+            state.SetIterationTime(sum * 1e-9);
+        }
+        state.counters["size"] = static_cast<double>(size);
+        state.counters["once"] = median(std::move(times[0]));
+        state.counters["tenfold"] = median(std::move(times[1]));
+        state.counters["hundredfold"] = median(std::move(times[2]));
+        state.SetLabel(unit);
+    };
+    benchmark::RegisterBenchmark(("growth/" + name).c_str(), run)->UseManualTime();
 }
 
 } // namespace kest::benchmarks

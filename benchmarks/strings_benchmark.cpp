@@ -1,74 +1,195 @@
-// String-object registration, from one and from several threads, beside a bare ring of addresses.
-#include "kest/wide_string.h"
+// String functions beside the C library's.
+#include "families.h"
+#include "kest/crt/strings.h"
+#include "kest/kernel/strings.h"
+#include "kest/shell_paths.h"
+#include "kest/user_interface/strings.h"
 #include "pairs.h"
+#include "surroundings.h"
 
-#include <array>
-#include <atomic>
-#include <cstddef>
+#include <cctype>
+#include <cstring>
+#include <cwchar>
+#include <cwctype>
 #include <string>
+#include <utility>
+
+namespace kest::benchmarks
+{
 
 namespace
 {
 
-std::array<std::atomic<const void*>, 16> ring;
-std::atomic<unsigned> nextSlot;
+constexpr double target = 1.1;
+constexpr long shortLength = 64;
+constexpr long growthLength = 2000;
 
-void report(benchmark::State& state)
+wchar_t* mapped(wchar_t* text, std::wint_t (*mapping)(std::wint_t))
 {
-    int object = 0;
-    for (auto _ : state)
+    for (wchar_t* p = text; *p != L'\0'; ++p)
     {
-        updateCStringManagerData(&object);
+        *p = static_cast<wchar_t>(mapping(static_cast<std::wint_t>(*p)));
     }
+    return text;
 }
 
-void storeInRing(benchmark::State& state)
+char* mapped(char* text, int (*mapping)(int))
 {
-    int object = 0;
-    for (auto _ : state)
+    for (char* p = text; *p != '\0'; ++p)
     {
-        ring[nextSlot.fetch_add(1, std::memory_order_relaxed) % ring.size()].store(&object, std::memory_order_relaxed);
+        *p = static_cast<char>(mapping(static_cast<unsigned char>(*p)));
     }
+    return text;
 }
 
-void construct(benchmark::State& state)
+// The C library does not reverse.
+wchar_t* reversed(wchar_t* text)
 {
-    for (auto _ : state)
+    wchar_t* end = text + std::wcslen(text);
+    for (wchar_t* begin = text; begin < end;)
     {
-        CStdStr<wchar_t> string(L"a module name.dll");
-        benchmark::DoNotOptimize(string);
+        std::swap(*begin++, *--end);
     }
+    return text;
 }
 
-void constructPlain(benchmark::State& state)
+void addPairsOfLength(long length)
 {
-    for (auto _ : state)
-    {
-        std::wstring string(L"a module name.dll");
-        benchmark::DoNotOptimize(string);
-    }
-}
+    const std::string suffix = ", " + std::to_string(length) + " characters";
+    const std::wstring text = wideText(length);
+    const std::string bytes = narrowText(length);
+    const std::wstring room(text.size() + 1, L'\0');
+    const int size = static_cast<int>(room.size());
+    // The same but for its case.
+    std::wstring lowered = text;
+    mapped(lowered.data(), std::towlower);
 
-const bool registered = []
-{
-    using kest::benchmarks::addPair;
-    addPair("string object/report", 2, "atomic ring", report, storeInRing);
-    addPair("string object/construct", 1.5, "std::wstring", construct, constructPlain);
-    for (const char* const name : {"string object/report, 2 threads/ours", "string object/report, 2 threads/baseline"})
-    {
-        const bool ours = std::string(name).ends_with("ours");
-        benchmark::RegisterBenchmark(name,
-                                     [ours](benchmark::State& state)
-                                     {
-                                         ours ? report(state) : storeInRing(state);
-                                         state.counters["target"] =
-                                             benchmark::Counter(2, benchmark::Counter::kAvgThreads);
-                                         state.SetLabel("atomic ring");
-                                     })
-            ->Threads(2)
-            ->UseRealTime();
-    }
-    return true;
-}();
+    addPair(
+        "strings/lstrlenW" + suffix, target, "wcslen", [=] { return lstrlenW(text.c_str()); },
+        [=] { return std::wcslen(text.c_str()); });
+    addPair(
+        "strings/lstrcmpiW" + suffix, target, "wcscasecmp", [=] { return lstrcmpiW(text.c_str(), lowered.c_str()); },
+        [=] { return wcscasecmp(text.c_str(), lowered.c_str()); });
+    addPair(
+        "strings/wcscpy_s" + suffix, target, "wcscpy",
+        [=, out = room]() mutable { return wcscpy_s(out.data(), size, text.c_str()); },
+        [=, out = room]() mutable { return std::wcscpy(out.data(), text.c_str()); });
+    addPair(
+        "strings/wcsncat_s" + suffix, target, "wcsncat",
+        [=, out = room]() mutable
+        {
+            out[0] = L'\0';
+            return wcsncat_s(out.data(), size, text.c_str(), size);
+        },
+        [=, out = room]() mutable
+        {
+            out[0] = L'\0';
+            return std::wcsncat(out.data(), text.c_str(), out.size());
+        });
+    addPair(
+        "strings/_wcsupr" + suffix, target, "towupper a character",
+        [out = text]() mutable { return _wcsupr(out.data()); },
+        [out = text]() mutable { return mapped(out.data(), std::towupper); });
+    addPair(
+        "strings/CharLowerW" + suffix, target, "towlower a character",
+        [out = text]() mutable { return CharLowerW(out.data()); },
+        [out = text]() mutable { return mapped(out.data(), std::towlower); });
+    addPair(
+        "strings/_strupr" + suffix, target, "toupper a character",
+        [out = bytes]() mutable { return _strupr(out.data()); },
+        [out = bytes]() mutable { return mapped(out.data(), std::toupper); });
+    addPair(
+        "strings/_wcsrev" + suffix, target, "wcslen and swaps", [out = text]() mutable { return _wcsrev(out.data()); },
+        [out = text]() mutable { return reversed(out.data()); });
+    addPair(
+        "strings/StrStrIW" + suffix, target, "wcsstr", [=] { return StrStrIW(text.c_str(), L"nowhere"); },
+        [=] { return std::wcsstr(text.c_str(), L"nowhere"); });
+    addPair(
+        "strings/_mbscmp" + suffix, target, "strcmp",
+        [=, other = bytes]
+        {
+            return _mbscmp(reinterpret_cast<const unsigned char*>(bytes.c_str()),
+                           reinterpret_cast<const unsigned char*>(other.c_str()));
+        },
+        [=, other = bytes] { return std::strcmp(bytes.c_str(), other.c_str()); });
+}
 
 } // namespace
+
+void addStrings()
+{
+    addPairsOfLength(shortLength);
+    addPairsOfLength(shortLength * 64);
+    const std::wstring greek = greekText(shortLength);
+    std::wstring loweredGreek = greek;
+    mapped(loweredGreek.data(), std::towlower);
+    addPair(
+        "strings/_wcsupr, 64 Greek characters", target, "towupper a character",
+        [out = greek]() mutable { return _wcsupr(out.data()); },
+        [out = greek]() mutable { return mapped(out.data(), std::towupper); });
+    addPair(
+        "strings/lstrcmpiW, 64 Greek characters", target, "wcscasecmp",
+        [=] { return lstrcmpiW(greek.c_str(), loweredGreek.c_str()); },
+        [=] { return wcscasecmp(greek.c_str(), loweredGreek.c_str()); });
+
+    const auto growText = [](const std::string& name, auto function)
+    {
+        addGrowth(name, "characters", growthLength,
+                  [=](long length)
+                  {
+                      return [=, text = wideText(length), out = wideText(length)]() mutable
+                      { return function(out.data(), text.c_str(), static_cast<int>(text.size()) + 1); };
+                  });
+    };
+    using Out = wchar_t*;
+    using In = const wchar_t*;
+    growText("lstrlenW", [](Out, In text, int) { return lstrlenW(text); });
+    growText("lstrcmpiW", [](Out out, In text, int) { return lstrcmpiW(out, text); });
+    growText("wcscpy_s", [](Out out, In text, int size) { return wcscpy_s(out, size, text); });
+    growText("wcsncpy_s",
+             [](Out out, In text, int size) { return wcsncpy_s(out, size, text, static_cast<unsigned long>(size)); });
+    growText("wcsncat_s",
+             [](Out out, In text, int size)
+             {
+                 *out = L'\0';
+                 return wcsncat_s(out, size, text, size);
+             });
+    growText("lstrcatW",
+             [](Out out, In text, int)
+             {
+                 *out = L'\0';
+                 return lstrcatW(out, text);
+             });
+    growText("lstrcpynW", [](Out out, In text, int size) { return lstrcpynW(out, text, size); });
+    growText("wmemcpy_s", [](Out out, In text, int size)
+             { return wmemcpy_s(out, static_cast<size_t>(size), text, static_cast<size_t>(size)); });
+    growText("_wcslwr", [](Out out, In, int) { return _wcslwr(out); });
+    growText("CharUpperW", [](Out out, In, int) { return CharUpperW(out); });
+    growText("_wcsrev", [](Out out, In, int) { return _wcsrev(out); });
+    growText("StrStrIW", [](Out, In text, int) { return StrStrIW(text, L"nowhere"); });
+    growText("StrCmpI", [](Out, In text, int) { return StrCmpI(text, text); });
+    growText("_wcscspn", [](Out, In text, int) { return _wcscspn(text, L"#?"); });
+    growText("_wcstok, all tokens",
+             [](Out out, In text, int)
+             {
+                 std::wcscpy(out, text);
+                 long tokens = 0;
+                 for (wchar_t* token = _wcstok(out, L" "); token != nullptr; token = _wcstok(nullptr, L" "))
+                 {
+                     ++tokens;
+                 }
+                 return tokens;
+             });
+    // Up to a Mi character.
+    addGrowth("_wcsupr", "characters", (1 << 20) / 100,
+              [](long length) { return [out = wideText(length)]() mutable { return _wcsupr(out.data()); }; });
+    addGrowth("_strupr", "bytes", growthLength,
+              [](long length) { return [out = narrowText(length)]() mutable { return _strupr(out.data()); }; });
+    addGrowth("_mbslen", "bytes", growthLength,
+              [](long length) {
+                  return [text = narrowText(length)]
+                  { return _mbslen(reinterpret_cast<const unsigned char*>(text.c_str())); };
+              });
+}
+
+} // namespace kest::benchmarks

@@ -1,29 +1,38 @@
-"""Turns Google Benchmark's JSON into docs/benchmarks.md: ratios to each case's baseline, with their spread."""
+"""Turns the benchmark program's JSON into docs/benchmarks.md: ratios to each case's baseline, and how times grow."""
 
 import argparse
 import collections
 import datetime
 import json
+import pathlib
 import platform
 import re
 import statistics
 import sys
 
 
-def read_runs(path):
-    """Maps each case's name to its repetitions: time in nanoseconds and the run's data."""
+def read_cases(path):
+    """Maps each case's name, in the program's order, to its repetitions."""
     with open(path, encoding="utf-8") as file:
         data = json.load(file)
-    runs = collections.defaultdict(dict)
+    cases = collections.defaultdict(list)
     for run in data["benchmarks"]:
-        if run.get("run_type") == "aggregate":
+        if run["run_type"] == "aggregate":
             continue
         if run.get("error_occurred"):
             sys.exit(f"{run['name']}: {run['error_message']}")
-        name = re.sub(r"/(real_time|threads:\d+)", "", run["run_name"])
-        unit = {"ns": 1, "us": 1e3, "ms": 1e6, "s": 1e9}[run["time_unit"]]
-        runs[name][run["repetition_index"]] = (run["real_time"] * unit, run)
-    return data["context"], runs
+        cases[run["run_name"].removesuffix("/manual_time")].append(run)
+    in_order = sorted(cases.items(), key=lambda case: case[1][0]["family_index"])
+    return data["context"], dict(in_order)
+
+
+def processor():
+    try:
+        with open("/proc/cpuinfo", encoding="utf-8") as file:
+            names = re.findall(r"^model name\s*: (.*)$", file.read(), re.MULTILINE)
+    except OSError:
+        names = []
+    return names[0] if names else platform.machine()
 
 
 def readable(nanoseconds):
@@ -33,61 +42,85 @@ def readable(nanoseconds):
     return f"{nanoseconds:.3g} ns"
 
 
-def median_time(repetitions):
-    return statistics.median(time for time, _ in repetitions.values())
+def median_of(runs, field):
+    return statistics.median(run[field] for run in runs)
 
 
-def pair_rows(runs):
-    for name in runs:
-        if not name.endswith("/ours"):
+def read_notes(path):
+    """The notes on missed targets: a line each, '- case: why'."""
+    notes = {}
+    for number, line in enumerate(pathlib.Path(path).read_text(encoding="utf-8").splitlines(), 1):
+        if not line:
             continue
-        case = name.removesuffix("/ours")
-        ours, baseline = runs[name], runs[case + "/baseline"]
-        ratios = sorted(ours[index][0] / baseline[index][0] for index in ours)
-        ratio = median_time(ours) / median_time(baseline)
-        any_run = next(iter(baseline.values()))[1]
-        target = any_run["target"]
-        verdict = "yes" if ratio <= target else f"no, by {ratio / target - 1:.0%}"
-        yield (f"| {case} | {any_run.get('label', '')} | {readable(median_time(ours))} | "
-               f"{readable(median_time(baseline))} | {ratio:.2f} | {ratios[0]:.2f} to {ratios[-1]:.2f} | "
-               f"{target:g} | {verdict} |")
+        match = re.fullmatch(r"- ([^:]+(?:::[^:]+)*): (.+)", line)
+        if match is None:
+            sys.exit(f"{path}:{number}: not a note: {line}")
+        notes[match[1]] = match[2]
+    return notes
 
 
-def growth_rows(runs):
-    sizes = collections.defaultdict(dict)
-    for name, repetitions in runs.items():
-        if "/growth/" in name:
-            case, size = name.split("/growth/")
-            sizes[case][int(size)] = median_time(repetitions)
-    for case, times in sizes.items():
-        small, middle, large = sorted(times)
-        yield (f"| {case} | {small} | {readable(times[small])} | {readable(times[middle])} | {readable(times[large])} | "
-               f"{times[middle] / times[small]:.1f} | {times[large] / times[middle]:.1f} |")
+def write_pairs(page, cases, notes):
+    families = collections.defaultdict(list)
+    for name, runs in cases.items():
+        if not name.startswith("growth/"):
+            family, case = name.split("/", 1)
+            families[family].append((case, runs))
+    missed = []
+    count = 0
+    for family, members in families.items():
+        page.write(f"\n## {family[0].upper()}{family[1:]}\n\n"
+                   "| case | baseline | ours | baseline's time | ratio | spread | target | met |\n"
+                   "|---|---|---|---|---|---|---|---|\n")
+        for case, runs in members:
+            count += 1
+            ratios = sorted(run["ratio"] for run in runs)
+            ratio = statistics.median(ratios)
+            target = runs[0]["target"]
+            met = "yes"
+            if round(ratio, 2) > target:
+                met = f"no, by {ratio / target - 1:.0%}"
+                missed.append(f"{family}/{case}")
+            page.write(f"| {case} | {runs[0]['label']} | {readable(median_of(runs, 'ours'))} | "
+                       f"{readable(median_of(runs, 'baseline'))} | {ratio:.2f} | {ratios[0]:.2f} to {ratios[-1]:.2f} | "
+                       f"{target:g} | {met} |\n")
+    page.write(f"\n## Missed targets\n\n{count - len(missed)} of {count} cases meet their target.\n\n")
+    page.writelines(f"- {case}: {notes.get(case, 'not explained yet.')}\n" for case in missed)
+
+
+def write_growth(page, cases):
+    page.write("\n## Growth\n\n"
+               "Time at 1, 10 and 100 times an input, and the factor of each step: 10 is linear, less is better than\n"
+               "linear or a fixed cost; a little more is what the processor's caches no longer hold.\n\n"
+               "| function | smallest input | 1× | 10× | 100× | first step | second step |\n"
+               "|---|---|---|---|---|---|---|\n")
+    for name, runs in cases.items():
+        if name.startswith("growth/"):
+            once, tenfold, hundredfold = (median_of(runs, field) for field in ("once", "tenfold", "hundredfold"))
+            page.write(f"| {name.removeprefix('growth/')} | {runs[0]['size']:.0f} {runs[0]['label']} | "
+                       f"{readable(once)} | {readable(tenfold)} | {readable(hundredfold)} | "
+                       f"{tenfold / once:.1f} | {hundredfold / tenfold:.1f} |\n")
 
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("results")
-    parser.add_argument("--notes", required=True, help="Markdown that explains missed targets")
+    parser.add_argument("--notes", required=True, help="why cases miss their targets")
     parser.add_argument("--output", required=True)
     options = parser.parse_args()
-    context, runs = read_runs(options.results)
-    with open(options.notes, encoding="utf-8") as notes, open(options.output, "w", encoding="utf-8") as page:
+    context, cases = read_cases(options.results)
+    notes = read_notes(options.notes)
+    with open(options.output, "w", encoding="utf-8") as page:
         page.write(
             "# Benchmarks\n\n"
-            "`scripts/benchmark` writes this page. Each case is measured beside a baseline that does the same work\n"
-            "without the library, interleaved in one run; the ratio is that of the medians, the spread that of the\n"
-            "single repetitions.\n\n"
-            f"{datetime.date.today():%Y-%m-%d}, {platform.machine()}, {context['num_cpus']} processors of "
-            f"{context['mhz_per_cpu']} MHz.\n\n"
-            "| case | baseline | ours | baseline's time | ratio | spread | target | met |\n"
-            "|---|---|---|---|---|---|---|---|\n")
-        page.writelines(row + "\n" for row in pair_rows(runs))
-        page.write("\n## Growth\n\nTime at 1, 10 and 100 times an input, and the factor of each step: 10 is linear.\n\n"
-                   "| case | smallest input | 1× | 10× | 100× | first step | second step |\n"
-                   "|---|---|---|---|---|---|---|\n")
-        page.writelines(row + "\n" for row in growth_rows(runs))
-        page.write("\n" + notes.read())
+            "`scripts/benchmark` writes this page. Each case stands beside a baseline that does the same work without the\n"
+            "library: the C library's call, the bare system calls, the bare virtual calls, and whatever else the contract\n"
+            "itself asks for (a shell, a locale call). Both run in short batches that take turns; the ratio is the median\n"
+            "of the ratios of neighbouring batches, the spread that of the repetitions' medians.\n\n"
+            f"{datetime.date.today():%Y-%m-%d}, {processor()}, {context['num_cpus']} processors, "
+            f"{platform.system()} {platform.release()}, {platform.libc_ver()[0]} {platform.libc_ver()[1]}, GCC -O2, "
+            f"scratch files in {context.get('scratch', 'a temporary folder')}.\n")
+        write_pairs(page, cases, notes)
+        write_growth(page, cases)
 
 
 main()

@@ -1,0 +1,208 @@
+// Directory functions beside the same system calls made bare.
+#include "families.h"
+#include "kest/kernel/directories.h"
+#include "kest/kernel/search_path.h"
+#include "kest/shell_paths.h"
+#include "pairs.h"
+#include "surroundings.h"
+
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <dirent.h>
+#include <fcntl.h>
+#include <filesystem>
+#include <string>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace kest::benchmarks
+{
+
+namespace
+{
+
+constexpr double target = 1.3;
+
+// PathIsDirectoryW and GetTempFileNameW leave descriptors open: the lowest free ones, which are closed between batches.
+class DescriptorsOfBatch
+{
+public:
+    void mark()
+    {
+        for (int descriptor = 0; descriptor < watched; ++descriptor)
+        {
+            open_[static_cast<std::size_t>(descriptor)] = isOpen(descriptor);
+        }
+    }
+
+    void closeNew()
+    {
+        for (int descriptor = 0; descriptor < watched; ++descriptor)
+        {
+            if (!open_[static_cast<std::size_t>(descriptor)])
+            {
+                close(descriptor);
+            }
+        }
+    }
+
+private:
+    static constexpr int watched = 1024;
+    static bool isOpen(int descriptor) { return fcntl(descriptor, F_GETFD) != -1; }
+
+    std::array<bool, watched> open_{};
+};
+
+Around closingDescriptors(std::function<void()> alsoAfter = [] {})
+{
+    const auto descriptors = std::make_shared<DescriptorsOfBatch>();
+    return {[=] { descriptors->mark(); },
+            [=]
+            {
+                descriptors->closeNew();
+                alsoAfter();
+            },
+            256};
+}
+
+std::string treeOfFiles(long count)
+{
+    return (scratch().path() / ("tree-" + std::to_string(count))).string();
+}
+
+void fill(const std::string& folder, long count)
+{
+    mkdir(folder.c_str(), 0755);
+    for (long file = 0; file < count; ++file)
+    {
+        close(open((folder + "/file-" + std::to_string(file)).c_str(), O_CREAT | O_WRONLY, 0644));
+    }
+}
+
+bool searchFolder(const char* folder, const char* name)
+{
+    DIR* const stream = opendir(folder);
+    struct stat status;
+    bool found = false;
+    if (fstatat(dirfd(stream), name, &status, AT_SYMLINK_NOFOLLOW) == 0)
+    {
+        while (const dirent* const entry = readdir(stream))
+        {
+            if (std::string_view(entry->d_name) == name)
+            {
+                found = true;
+                break;
+            }
+        }
+    }
+    closedir(stream);
+    return found;
+}
+
+// What SearchPathW without a folder promises: the program's folder, the current one, then PATH, asked of a shell.
+bool searchEverywhere(const char* name)
+{
+    std::array<char, 4096> link;
+    const ssize_t length = readlink("/proc/self/exe", link.data(), link.size());
+    std::string folder(link.data(), static_cast<std::size_t>(length));
+    folder.resize(folder.rfind('/'));
+    if (searchFolder(folder.c_str(), name))
+    {
+        return true;
+    }
+    char* const current = getcwd(nullptr, 0);
+    const bool found = searchFolder(current, name);
+    std::free(current);
+    if (found)
+    {
+        return true;
+    }
+    std::FILE* const shell = popen("echo $PATH", "r");
+    std::array<char, 4096> line = {};
+    benchmark::DoNotOptimize(std::fgets(line.data(), static_cast<int>(line.size()), shell));
+    pclose(shell);
+    std::string path = line.data();
+    path.pop_back();
+    for (std::size_t begin = 0; begin < path.size();)
+    {
+        const std::size_t end = std::min(path.find(':', begin), path.size());
+        const std::string entry = path.substr(begin, end - begin);
+        if (access(entry.c_str(), F_OK) == 0 && searchFolder(entry.c_str(), name))
+        {
+            return true;
+        }
+        begin = end + 1;
+    }
+    return false;
+}
+
+void addRemovals()
+{
+    constexpr long count = 10'000;
+    const std::string folder = treeOfFiles(count);
+    const Around filled = {[=] { fill(folder, count); }, [] {}, 1};
+    addPair(
+        "directories/DeleteDirectory, 10000 files", target, "rm -rf", [=] { return DeleteDirectory(folder.c_str()); },
+        [=, command = "rm -rf " + folder] { return std::system(command.c_str()); }, filled);
+}
+
+} // namespace
+
+void addDirectories()
+{
+    const std::string folder = folderOfFiles(100);
+    addPair(
+        "directories/PathIsDirectoryW", target, "wcstombs, open",
+        [name = wide(folder)] { return PathIsDirectoryW(name.c_str()); },
+        [name = wide(folder)]
+        {
+            std::array<char, 4096> path;
+            std::wcstombs(path.data(), name.c_str(), path.size());
+            return open(path.data(), O_RDONLY | O_NONBLOCK | O_DIRECTORY | O_CLOEXEC);
+        },
+        closingDescriptors());
+    const std::string made = (scratch().path() / "made").string();
+    addPair(
+        "directories/CreateDirectoryW, RemoveDirectoryW", target, "mkdir, rmdir",
+        [name = wide(made)] { return CreateDirectoryW(name.c_str(), nullptr) + RemoveDirectoryW(name.c_str()); },
+        [=] { return mkdir(made.c_str(), 0755) + rmdir(made.c_str()); });
+    addPair(
+        "directories/SearchPathW, a folder given", target, "opendir, fstatat, readdir until found, closedir",
+        [name = wide(folder), out = std::array<wchar_t, 1024>()]() mutable
+        { return SearchPathW(name.c_str(), L"File50.txt", nullptr, 1024, out.data(), nullptr); },
+        [=] { return searchFolder(folder.c_str(), "File50.txt"); });
+    addPair(
+        "directories/SearchPathW, along PATH", target,
+        "readlink, popen, opendir, fstatat, readdir until found, closedir",
+        [out = std::array<wchar_t, 1024>()]() mutable
+        { return SearchPathW(nullptr, L"sh", nullptr, 1024, out.data(), nullptr); },
+        [] { return searchEverywhere("sh"); });
+    addRemovals();
+
+    addGrowth("DeleteDirectory", "files", 100,
+              [](long count)
+              {
+                  return [=, name = treeOfFiles(count)]
+                  {
+                      fill(name, count);
+                      return DeleteDirectory(name.c_str());
+                  };
+              },
+              {[] {}, [] {}, 1});
+    addGrowth("SearchPathW", "files in the folder", 100,
+              [](long count)
+              {
+                  // The file that readdir comes upon last.
+                  const std::string name = folderOfFiles(count);
+                  std::filesystem::path last;
+                  for (const auto& entry : std::filesystem::directory_iterator(name))
+                  {
+                      last = entry.path().filename();
+                  }
+                  return [name = wide(name), file = wide(last.string()), out = std::array<wchar_t, 1024>()]() mutable
+                  { return SearchPathW(name.c_str(), file.c_str(), nullptr, 1024, out.data(), nullptr); };
+              });
+}
+
+} // namespace kest::benchmarks

@@ -1,0 +1,96 @@
+// Environment and working directory beside the calls behind them.
+#include "families.h"
+#include "kest/kernel/environment.h"
+#include "kest/kernel/memory.h"
+#include "kest/kernel/time.h"
+#include "pairs.h"
+#include "surroundings.h"
+
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+#include <string>
+#include <unistd.h>
+
+namespace kest::benchmarks
+{
+
+namespace
+{
+
+constexpr double target = 1.3;
+
+} // namespace
+
+void addEnvironment()
+{
+    addPair(
+        "environment/GetEnvironmentVariableW", target, "popen, fgets, pclose",
+        [out = std::array<wchar_t, 4096>()]() mutable { return GetEnvironmentVariableW(L"HOME", out.data(), 4096); },
+        []
+        {
+            std::array<char, 4096> line;
+            std::FILE* const shell = popen("echo $HOME", "r");
+            benchmark::DoNotOptimize(std::fgets(line.data(), static_cast<int>(line.size()), shell));
+            return pclose(shell);
+        });
+    addPair(
+        "environment/GetCurrentDirectoryW", target, "getcwd, mbstowcs, free",
+        [out = std::array<wchar_t, 1024>()]() mutable { return GetCurrentDirectoryW(1024, out.data()); },
+        [out = std::array<wchar_t, 1024>()]() mutable
+        {
+            char* const folder = getcwd(nullptr, 0);
+            const std::size_t length = std::mbstowcs(out.data(), folder, out.size());
+            std::free(folder);
+            return length;
+        });
+    addPair(
+        "environment/GetTickCount64", target, "clock_gettime", [] { return GetTickCount64(); },
+        []
+        {
+            timespec now;
+            clock_gettime(CLOCK_MONOTONIC, &now);
+            return now.tv_sec * 1000 + now.tv_nsec / 1'000'000;
+        });
+    addPair(
+        "environment/GetLocalTime", target, "time, tzset, localtime_r, clock_gettime",
+        []
+        {
+            SYSTEMTIME now;
+            GetLocalTime(&now);
+            return now.wSecond;
+        },
+        []
+        {
+            const std::time_t seconds = std::time(nullptr);
+            std::tm parts;
+            tzset();
+            localtime_r(&seconds, &parts);
+            timespec now;
+            clock_gettime(CLOCK_REALTIME, &now);
+            return parts.tm_sec;
+        });
+    addPair(
+        "environment/HeapAlloc, HeapFree, 64 bytes", target, "malloc, free",
+        [] { return HeapFree(nullptr, 0, HeapAlloc(nullptr, 0, 64)); },
+        []
+        {
+            void* const memory = std::malloc(64);
+            benchmark::DoNotOptimize(memory);
+            std::free(memory);
+        });
+    addGrowth("ExpandEnvironmentStringsW", "characters", 1000,
+              [](long length)
+              {
+                  std::wstring text;
+                  while (text.size() < static_cast<std::size_t>(length))
+                  {
+                      text += L"%HOME% and ";
+                  }
+                  return [=, out = std::wstring(text.size() * 8, L'\0')]() mutable
+                  { return ExpandEnvironmentStringsW(text.c_str(), out.data(), static_cast<DWORD>(out.size())); };
+              });
+}
+
+} // namespace kest::benchmarks

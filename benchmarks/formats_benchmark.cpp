@@ -1,0 +1,92 @@
+// Formatted output beside the C library's.
+#include "families.h"
+#include "kest/crt/formatted_output.h"
+#include "kest/user_interface/strings.h"
+#include "pairs.h"
+#include "surroundings.h"
+
+#include <array>
+#include <cstdarg>
+#include <cstdio>
+#include <cwchar>
+#include <memory>
+#include <string>
+
+namespace kest::benchmarks
+{
+
+namespace
+{
+
+constexpr double target = 1.25;
+
+using Buffer = std::array<wchar_t, 256>;
+
+// Functions that take a va_list, from arguments.
+template <class Function>
+int withArguments(Function function, ...)
+{
+    va_list arguments;
+    va_start(arguments, function);
+    const int result = function(arguments);
+    va_end(arguments);
+    return result;
+}
+
+} // namespace
+
+void addFormats()
+{
+    const auto addShort = [](const std::string& what, const wchar_t* windowsFormat, const wchar_t* format, auto value)
+    {
+        addPair(
+            "formats/wsprintfW, " + what, target, "swprintf",
+            [=, out = Buffer()]() mutable { return wsprintfW(out.data(), windowsFormat, value); },
+            [=, out = Buffer()]() mutable { return std::swprintf(out.data(), out.size(), format, value); });
+    };
+    addShort("an integer", L"%d", L"%d", 1234567);
+    addShort("a hexadecimal number", L"0x%08X", L"0x%08X", 0xC0FFEEu);
+    addShort("a string", L"%s", L"%ls", L"The quick brown fox");
+    addPair(
+        "formats/wsprintfW, several values", target, "swprintf",
+        [out = Buffer()]() mutable
+        { return wsprintfW(out.data(), L"%s: line %d of %d (0x%x)", L"settings.ini", 12, 345, 0xBEEFu); },
+        [out = Buffer()]() mutable {
+            return std::swprintf(out.data(), out.size(), L"%ls: line %d of %d (0x%x)", L"settings.ini", 12, 345,
+                                 0xBEEFu);
+        });
+    addPair(
+        "formats/_tarswprintf, an integer", target, "swprintf",
+        [out = Buffer()]() mutable { return _tarswprintf(out.data(), out.size(), L"%d", 1234567); },
+        [out = Buffer()]() mutable { return std::swprintf(out.data(), out.size(), L"%d", 1234567); });
+
+    const std::wstring text = wideText(20'000);
+    addPair(
+        "formats/_vscwprintf, 20000 characters", target, "swprintf into a buffer that suits",
+        [=] { return withArguments([](va_list arguments) { return _vscwprintf(L"[%s]", arguments); }, text.c_str()); },
+        [=, out = std::wstring(text.size() + 3, L'\0')]() mutable
+        { return std::swprintf(out.data(), out.size(), L"[%ls]", text.c_str()); });
+
+    addGrowth("wsprintfW", "characters", 2000,
+              [](long length)
+              {
+                  return [text = wideText(length), out = wideText(length + 1)]() mutable
+                  { return wsprintfW(out.data(), L"%s", text.c_str()); };
+              });
+    addGrowth("_vscwprintf", "characters", 2000,
+              [](long length)
+              {
+                  return [text = wideText(length)] {
+                      return withArguments([](va_list arguments) { return _vscwprintf(L"%s", arguments); },
+                                           text.c_str());
+                  };
+              });
+    addGrowth("wsprintfW, of a long format", "characters", 2000,
+              [](long length)
+              {
+                  return [text = wideText(length), out = wideText(length + 1)]() mutable
+                  { return wsprintfW(out.data(), text.c_str()); };
+              });
+}
+
+} // namespace kest::benchmarks

@@ -1,0 +1,71 @@
+// The reference host's find operations beside readdir and stat.
+#include "families.h"
+#include "kest/kernel/files.h"
+#include "pairs.h"
+#include "surroundings.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <string>
+#include <sys/stat.h>
+
+namespace kest::benchmarks
+{
+
+namespace
+{
+
+constexpr double target = 1.5;
+
+long walk(const std::wstring& pattern)
+{
+    WIN32_FIND_DATAW data;
+    const HANDLE search = FindFirstFileW(pattern.c_str(), &data);
+    long count = 1;
+    while (FindNextFileW(search, &data) != 0)
+    {
+        ++count;
+    }
+    FindClose(search);
+    return count;
+}
+
+long walkBare(const std::string& folder)
+{
+    DIR* const stream = opendir(folder.c_str());
+    long count = 0;
+    while (const dirent* const entry = readdir(stream))
+    {
+        struct stat status;
+        count += fstatat(dirfd(stream), entry->d_name, &status, AT_SYMLINK_NOFOLLOW) == 0;
+    }
+    closedir(stream);
+    return count;
+}
+
+} // namespace
+
+void addHostFiles()
+{
+    const std::string folder = folderOfFiles(10'000);
+    addPair(
+        "host files/FindFirstFileW walk, 10000 entries", target, "readdir, fstatat",
+        [pattern = wide(folder) + L"/*"] { return walk(pattern); }, [=] { return walkBare(folder); });
+    addPair(
+        "host files/FindFirstFileW of one name", target, "stat",
+        [name = wide(folder) + L"/File5000.txt"]
+        {
+            WIN32_FIND_DATAW data;
+            return FindClose(FindFirstFileW(name.c_str(), &data));
+        },
+        [name = folder + "/File5000.txt"]
+        {
+            struct stat status;
+            return stat(name.c_str(), &status);
+        });
+
+    addGrowth("FindFirstFileW walk", "entries", 100,
+              [](long count) { return [pattern = wide(folderOfFiles(count)) + L"/*"] { return walk(pattern); }; });
+}
+
+} // namespace kest::benchmarks

@@ -1,0 +1,89 @@
+// Module functions beside the dynamic loader's own calls.
+#include "families.h"
+#include "kest/kernel/modules.h"
+#include "pairs.h"
+#include "surroundings.h"
+
+#include <array>
+#include <clocale>
+#include <cstdlib>
+#include <cwchar>
+#include <dlfcn.h>
+#include <string>
+#include <unistd.h>
+
+namespace kest::benchmarks
+{
+
+namespace
+{
+
+constexpr double target = 1.3;
+
+// A module that every system has, under a name that translates to its own.
+constexpr const wchar_t* present = L"libm.so.6";
+constexpr const wchar_t* missing = L"kest-no-such-module";
+
+} // namespace
+
+void addModules()
+{
+    const HMODULE module = LoadLibraryW(present);
+    addPair(
+        "modules/LoadLibraryW, loaded before", target, "setlocale, dlopen", [] { return LoadLibraryW(present); },
+        []
+        {
+            std::setlocale(LC_CTYPE, "UTF-8");
+            return dlopen("libm.so.6", RTLD_LAZY | RTLD_DEEPBIND);
+        });
+    addPair(
+        "modules/LoadLibraryW, FreeLibrary", target, "setlocale, dlopen, dlclose",
+        [] { return FreeLibrary(LoadLibraryW(present)); },
+        []
+        {
+            std::setlocale(LC_CTYPE, "UTF-8");
+            return dlclose(dlopen("libm.so.6", RTLD_LAZY | RTLD_DEEPBIND));
+        });
+    addPair(
+        "modules/LoadLibraryW, missing", target, "setlocale, dlopen twice", [] { return LoadLibraryW(missing); },
+        []
+        {
+            std::setlocale(LC_CTYPE, "UTF-8");
+            benchmark::DoNotOptimize(dlopen("libkest-no-such-module.so", RTLD_LAZY | RTLD_DEEPBIND));
+            return dlopen("/libkest-no-such-module.so", RTLD_LAZY | RTLD_DEEPBIND);
+        });
+    addPair(
+        "modules/GetModuleHandleW", target, "setlocale, dlopen", [] { return GetModuleHandleW(present); },
+        []
+        {
+            std::setlocale(LC_CTYPE, "UTF-8");
+            return dlopen("libm.so.6", RTLD_LAZY | RTLD_NOLOAD);
+        });
+    addPair(
+        "modules/GetProcAddress", target, "dlsym", [=] { return GetProcAddress(module, "cos"); },
+        [=] { return dlsym(module, "cos"); });
+    addPair(
+        "modules/GetModuleFileNameW", target, "readlink, mbstowcs",
+        [out = std::array<wchar_t, 1024>()]() mutable { return GetModuleFileNameW(nullptr, out.data(), 1024); },
+        [out = std::array<wchar_t, 1024>()]() mutable
+        {
+            std::array<char, 4096> name;
+            const ssize_t length = readlink("/proc/self/exe", name.data(), name.size() - 1);
+            name[static_cast<std::size_t>(length)] = '\0';
+            return std::mbstowcs(out.data(), name.data(), out.size());
+        });
+
+    addGrowth("ToPlatformModuleName", "characters", 2000,
+              [](long length)
+              { return [text = wideText(length)] { return ToPlatformModuleName(text.c_str()).size(); }; });
+    addGrowth("GetModuleHandleW", "characters", 2000,
+              [](long length) { return [text = wideText(length)] { return GetModuleHandleW(text.c_str()); }; });
+    addGrowth("GetLongPathNameW", "characters", 2000,
+              [](long length)
+              {
+                  return [text = wideText(length), out = wideText(length)]() mutable
+                  { return GetLongPathNameW(text.c_str(), out.data(), static_cast<DWORD>(out.size())); };
+              });
+}
+
+} // namespace kest::benchmarks

@@ -1,0 +1,117 @@
+// Profile lookups beside reading the file.
+#include "families.h"
+#include "kest/host/profile_service.h"
+#include "kest/kernel/profiles.h"
+#include "pairs.h"
+#include "surroundings.h"
+
+#include <array>
+#include <fcntl.h>
+#include <memory>
+#include <string>
+#include <unistd.h>
+
+namespace kest::benchmarks
+{
+
+namespace
+{
+
+constexpr double target = 3;
+constexpr long keys = 10'000;
+
+struct LineEnding
+{
+    const char* name;
+    const char* text;
+};
+constexpr std::array<LineEnding, 3> lineEndings = {{{"LF", "\n"}, {"CR LF", "\r\n"}, {"CR", "\r"}}};
+
+std::string lastKey(long count)
+{
+    return "SomeLongerKeyName" + std::to_string(count - 1);
+}
+
+std::string profileOf(long count, const LineEnding& end)
+{
+    std::string text = std::string("[Settings]") + end.text;
+    for (long key = 0; key < count; ++key)
+    {
+        text.append(lastKey(key + 1)).append("=value ").append(std::to_string(key)).append(end.text);
+    }
+    return scratch().write("profile-" + std::to_string(count) + end.name + ".ini", text).string();
+}
+
+// The file's content, into memory of its size.
+char readWhole(const char* path)
+{
+    const int descriptor = open(path, O_RDWR | O_CLOEXEC);
+    const auto size = static_cast<std::size_t>(lseek(descriptor, 0, SEEK_END));
+    lseek(descriptor, 0, SEEK_SET);
+    const auto bytes = std::make_unique_for_overwrite<char[]>(size);
+    benchmark::DoNotOptimize(read(descriptor, bytes.get(), size));
+    close(descriptor);
+    return bytes[size - 1];
+}
+
+// As GetPrivateProfileStringW looks values up without a host's profile service.
+auto lookUp(const std::string& path, const std::wstring& key)
+{
+    return [=, name = wide(path), out = std::array<wchar_t, 256>()]() mutable
+    { return GetPrivateProfileStringW(L"Settings", key.c_str(), L"", out.data(), 256, name.c_str()); };
+}
+
+} // namespace
+
+void addProfiles()
+{
+    for (const LineEnding& end : lineEndings)
+    {
+        const std::string path = profileOf(keys, end);
+        addPair(std::string("profiles/GetPrivateProfileStringW, last of 10000 keys, ") + end.name, target,
+                "open, read, close", lookUp(path, wide(lastKey(keys))), [=] { return readWhole(path.c_str()); });
+    }
+    const std::string shortPath = profileOf(keys / 1000, lineEndings[0]);
+    addPair("profiles/GetPrivateProfileStringW, last of 10 keys, LF", target, "open, read, close",
+            lookUp(shortPath, wide(lastKey(keys / 1000))), [=] { return readWhole(shortPath.c_str()); });
+
+    for (const LineEnding& end : lineEndings)
+    {
+        addGrowth(std::string("GetPrivateProfileStringW, last key, ") + end.name, "keys", keys / 100,
+                  [=](long count) { return lookUp(profileOf(count, end), wide(lastKey(count))); });
+        addGrowth(std::string("GetPrivateProfileStringW, missing key, ") + end.name, "keys", keys / 100,
+                  [=](long count) { return lookUp(profileOf(count, end), L"NoSuchKey"); });
+    }
+    addGrowth("read_profile_string, names of all keys", "keys", keys / 100,
+              [](long count)
+              {
+                  return [path = profileOf(count, lineEndings[0]),
+                          out = std::string(static_cast<std::size_t>(count) * 32, '\0')]() mutable
+                  {
+                      std::string section = "Settings";
+                      return read_profile_string(section.data(), nullptr, nullptr, out.data(),
+                                                 static_cast<int>(out.size()), path.data());
+                  };
+              });
+    addGrowth(
+        "host: GetPrivateProfileStringW", "keys", keys / 100,
+        [](long count)
+        {
+            return [service = std::make_shared<host::ProfileService>(), path = wide(profileOf(count, lineEndings[1])),
+                    key = wide(lastKey(count)), out = std::array<wchar_t, 256>()]() mutable
+            { return service->GetPrivateProfileStringW(L"Settings", key.c_str(), L"", out.data(), 256, path.c_str()); };
+        });
+    addGrowth(
+        "host: WritePrivateProfileStringW", "keys", keys / 100,
+        [](long count)
+        {
+            return [service = std::make_shared<host::ProfileService>(), path = wide(profileOf(count, lineEndings[1])),
+                    key = wide(lastKey(count)), other = false]() mutable
+            {
+                other = !other;
+                return service->WritePrivateProfileStringW(L"Settings", key.c_str(), other ? L"1" : L"2", path.c_str());
+            };
+        });
+}
+
+} // namespace kest::benchmarks

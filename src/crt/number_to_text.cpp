@@ -71,19 +71,23 @@ char* writeCut(char* destination, std::size_t size, const Digits& digits)
     return destination;
 }
 
-// What swprintf does: text that does not fit is left in part, perhaps without terminator. Returns the length of the
-// text at destination, which ends at size where no terminator stands before.
+// What swprintf does: text that does not fit is left in part, perhaps without terminator.
 template <class Integer>
-std::size_t writeOrLeaveRest(wchar_t* destination, std::size_t size, const Digits& digits, const wchar_t* format,
-                             Integer value)
+void writeOrLeaveRest(wchar_t* destination, std::size_t size, const Digits& digits, const wchar_t* format,
+                      Integer value)
 {
     if (digits.size() < size)
     {
         write(destination, digits);
-        return digits.size();
+        return;
     }
     __swprintf_chk(destination, size, kest::checkLevel, kest::unknownObjectSize, format, value);
-    return wcsnlen(destination, size);
+}
+
+// Of whatever stands there, also behind the size that was given.
+int lengthAt(const wchar_t* destination)
+{
+    return static_cast<int>(std::wcslen(destination));
 }
 
 } // namespace
@@ -106,7 +110,8 @@ wchar_t* _itow(int value, wchar_t* destination, int radix)
 int _itow_s(int value, wchar_t* destination, size_t size, int radix)
 {
     const wchar_t* const format = baseOf(radix) == Base::Hexadecimal ? L"%x" : L"%d";
-    return static_cast<int>(writeOrLeaveRest(destination, size, digitsOf(value, radix), format, value));
+    writeOrLeaveRest(destination, size, digitsOf(value, radix), format, value);
+    return lengthAt(destination);
 }
 
 char* _i64toa(long long value, char* destination, int)
@@ -153,7 +158,8 @@ wchar_t* _ltow(int value, wchar_t* destination, int)
 int _ltow_s(int value, wchar_t* destination, size_t size, int)
 {
     const long number = widened(value);
-    return static_cast<int>(writeOrLeaveRest(destination, size, Digits(number), L"%ld", number));
+    writeOrLeaveRest(destination, size, Digits(number), L"%ld", number);
+    return lengthAt(destination);
 }
 
 char* _fcvt(double value, int count, int* decimalPoint, int* sign)

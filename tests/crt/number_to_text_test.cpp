@@ -63,14 +63,22 @@ void expectSizedNarrow(char* (*function)(int, char*, std::size_t, int), int valu
     }
 }
 
-// At every size: what the C library leaves in an equal buffer, and its last error. Returns the text that swprintf left,
-// which ends at size where no terminator stands before.
+// Sentinels up to a terminator in the last place, where a text that was cut ends at the latest.
+Wide endedBySentinels()
+{
+    Wide buffer;
+    buffer.data()[bufferSize - 1] = L'\0';
+    return buffer;
+}
+
+// At every size: what the C library leaves in an equal buffer, and its last error. Returns the length of the text that
+// then stands there.
 template <class Value>
 std::size_t leftByCLibrary(Wide& expected, std::size_t size, const wchar_t* format, Value value)
 {
     wchar_t* volatile destination = expected.data();
     std::swprintf(destination, size, format, value);
-    return wcsnlen(expected.data(), size);
+    return std::wcslen(expected.data());
 }
 
 template <class Result, class Value, class Printed>
@@ -79,11 +87,11 @@ void expectSizedWide(Result (*function)(Value, wchar_t*, std::size_t, int), Valu
 {
     for (const std::size_t size : sizes)
     {
-        Wide expected;
+        Wide expected = endedBySentinels();
         errno = 77;
         const std::size_t length = leftByCLibrary(expected, size, format, printed);
         const int expectedError = errno;
-        Wide buffer;
+        Wide buffer = endedBySentinels();
         errno = 77;
         const Result result = function(value, buffer.data(), size, radix);
         EXPECT_EQ(errno, expectedError) << size;
@@ -158,13 +166,13 @@ TEST(IntToText, WithSizeTellsTheLengthOfCutText)
 {
     // Zeros behind the text terminate what the C library left.
     wchar_t zeroed[8] = {};
-    const int length = _itow_s(12345, zeroed, 3, 10);
-    EXPECT_EQ(length, static_cast<int>(std::wcslen(zeroed)));
-    // Without any size nothing is written or read.
+    EXPECT_EQ(_itow_s(12345, zeroed, 3, 10), 2);
+    EXPECT_STREQ(zeroed, L"12");
+    // Without any size nothing is written.
     Wide unwritten(L"ab");
-    EXPECT_EQ(_itow_s(12345, unwritten.data(), 0, 10), 0);
+    EXPECT_EQ(_itow_s(12345, unwritten.data(), 0, 10), 2);
+    EXPECT_EQ(_ltow_s(12345, unwritten.data(), 0, 10), 2);
     EXPECT_EQ(unwritten.contents(), Wide(L"ab").contents());
-    EXPECT_EQ(_ltow_s(12345, nullptr, 0, 10), 0);
 }
 
 TEST(itoa, KnowsRadixSixteenOnly)
@@ -211,6 +219,13 @@ TEST(itows, ReturnsTheLength)
 {
     wchar_t text[8];
     EXPECT_EQ(_itow_s(12345, text, 8, 10), 5);
+}
+
+TEST(itows, MeasuresCutTextBeyondTheSize)
+{
+    wchar_t text[] = L"#######";
+    EXPECT_EQ(_itow_s(12345, text, 3, 10), 7);
+    EXPECT_STREQ(text, L"12#####");
 }
 
 // ---- long, which is an int here ------------------------------------------------------------------------------------
@@ -298,6 +313,13 @@ TEST(ltows, ReturnsTheLength)
 {
     wchar_t text[12];
     EXPECT_EQ(_ltow_s(-1, text, 12, 10), 10);
+}
+
+TEST(ltows, MeasuresCutTextBeyondTheSize)
+{
+    wchar_t text[] = L"#######";
+    EXPECT_EQ(_ltow_s(12345, text, 3, 10), 7);
+    EXPECT_STREQ(text, L"12#####");
 }
 
 // ---- 64 bits -------------------------------------------------------------------------------------------------------

@@ -21,7 +21,7 @@ KEST_C_BEGIN
 /**
  * Reads a decimal number: white space, a sign and digits, as far as they go. The text is read through the process's
  * multibyte encoding and ends at its first character that has none.
- * @return the number; 0 when there is none.
+ * @return the number; 0 when there is none, or no memory for a long text.
  * @lasterror left as it is; ERANGE when the number does not fit in 64 bits, EILSEQ when text could not be encoded.
  * @null not tested.
  * @kind local
@@ -98,14 +98,16 @@ KEST_API wchar_t* _itow(int value, wchar_t* destination, int radix);
 /**
  * Writes a number as _itow does, if it fits.
  * @param size  the room at destination in characters, terminator included. Text that does not fit leaves there what
- *     the C library's swprintf leaves: cut text, perhaps without terminator.
- * @return the length of the text at destination, size when no terminator stands within it.
+ *     the C library's swprintf leaves: cut text, perhaps without terminator; a size of 0 leaves all as it was.
+ * @return the length of the text that now stands at destination, up to the first terminator. Where the text did not
+ *     fit that terminator may be one of the caller's, behind size: there must be one.
  * @lasterror left as it is, but as swprintf leaves it for text that does not fit.
- * @null not tested, unless size is 0.
+ * @null not tested.
  * @kind local
  * @differs{itows.KnowsRadixSixteenOnly} Every radix but 16 gives decimal.
  * @differs{itows.LeavesCutText} Text that does not fit is left in part.
  * @differs{itows.ReturnsTheLength} The result is a length, not an error code.
+ * @differs{itows.MeasuresCutTextBeyondTheSize} The size does not end the text whose length is returned.
  */
 KEST_API int _itow_s(int value, wchar_t* destination, size_t size, int radix);
 
@@ -201,15 +203,17 @@ KEST_API wchar_t* _ltow(int value, wchar_t* destination, int radix);
 /**
  * Writes a number as _ltow does, if it fits.
  * @param size  the room at destination in characters, terminator included. Text that does not fit leaves there what
- *     the C library's swprintf leaves: cut text, perhaps without terminator.
- * @return the length of the text at destination, size when no terminator stands within it.
+ *     the C library's swprintf leaves: cut text, perhaps without terminator; a size of 0 leaves all as it was.
+ * @return the length of the text that now stands at destination, up to the first terminator. Where the text did not
+ *     fit that terminator may be one of the caller's, behind size: there must be one.
  * @lasterror left as it is, but as swprintf leaves it for text that does not fit.
- * @null not tested, unless size is 0.
+ * @null not tested.
  * @kind local
  * @differs{ltows.IgnoresTheRadix} Every radix gives decimal.
  * @differs{ltows.PrintsNegativesUnsigned} -1 gives "4294967295".
  * @differs{ltows.LeavesCutText} Text that does not fit is left in part.
  * @differs{ltows.ReturnsTheLength} The result is a length, not an error code.
+ * @differs{ltows.MeasuresCutTextBeyondTheSize} The size does not end the text whose length is returned.
  */
 KEST_API int _ltow_s(int value, wchar_t* destination, size_t size, int radix);
 

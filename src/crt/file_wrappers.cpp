@@ -13,6 +13,7 @@
 #include <cstring>
 #include <cwchar>
 #include <memory>
+#include <new>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -94,8 +95,11 @@ int _wrename(const wchar_t* oldName, const wchar_t* newName)
 int _wremove(const wchar_t* path)
 {
     const std::size_t size = std::wcslen(path) + 1;
-    const auto name = std::make_unique_for_overwrite<char[]>(size);
-    narrowIntoScratch(name.get(), path, size);
+    const std::unique_ptr<char[]> name(new (std::nothrow) char[size]);
+    if (name != nullptr)
+    {
+        narrowIntoScratch(name.get(), path, size);
+    }
     return std::remove(name.get());
 }
 
@@ -166,8 +170,13 @@ int _wputenv(const wchar_t* text)
         // Removes the variable and keeps nothing of the text.
         return putenv(variable.data());
     }
-    char* const kept = strdup(variable.c_str());
-    return kept == nullptr ? -1 : putenv(kept);
+    Allocation<char> copy(strdup(variable.c_str()));
+    const int result = copy == nullptr ? -1 : putenv(copy.get());
+    if (result == 0)
+    {
+        static_cast<void>(copy.release());
+    }
+    return result; // NOLINT(clang-analyzer-unix.Malloc): the environment has the text now, for good
 }
 
 wchar_t* _wgetenv(const wchar_t* name)

@@ -6,6 +6,7 @@
 #include <cstring>
 #include <cwchar>
 #include <memory>
+#include <new>
 
 int _wtoi(const wchar_t* text)
 {
@@ -16,8 +17,12 @@ int _wtoi(const wchar_t* text)
     char* scratch = shortScratch.data();
     if (limit >= shortScratch.size())
     {
-        longScratch = std::make_unique_for_overwrite<char[]>(limit + 1);
+        longScratch.reset(new (std::nothrow) char[limit + 1]);
         scratch = longScratch.get();
+        if (scratch == nullptr)
+        {
+            return 0;
+        }
     }
     // Behind a conversion that fails or fills the limit stands no terminator but these zeros.
     std::memset(scratch, 0, limit + 1);

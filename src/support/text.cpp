@@ -4,6 +4,7 @@
 #include <cstring>
 #include <cwchar>
 #include <langinfo.h>
+#include <new>
 
 namespace kest
 {
@@ -109,8 +110,11 @@ std::size_t narrowIntoScratch(char* scratch, const wchar_t* source, std::size_t 
 WholeNarrowText::WholeNarrowText(const wchar_t* text)
 {
     const std::size_t size = (std::wcslen(text) + 1) * sizeof(wchar_t);
-    buffer_ = std::make_unique_for_overwrite<char[]>(size);
-    narrowIntoScratch(buffer_.get(), text, size);
+    buffer_.reset(new (std::nothrow) char[size]);
+    if (buffer_ != nullptr)
+    {
+        narrowIntoScratch(buffer_.get(), text, size);
+    }
 }
 
 } // namespace kest

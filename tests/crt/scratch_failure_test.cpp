@@ -1,14 +1,21 @@
-// What the functions that format into scratch answer when there is no memory for it.
+// What the functions that work in scratch answer when there is no memory for it.
 #include "harness/sanitizers.h"
 
 #ifndef KEST_TEST_OWN_C_LIBRARY
 
+#include "kest/crt/file_wrappers.h"
 #include "kest/crt/formatted_output.h"
+#include "kest/crt/numbers.h"
 
+#include "harness/scoped_locale.h"
+#include "harness/scratch_folder.h"
 #include "harness/sentinel_buffer.h"
 
+#include <cerrno>
+#include <clocale>
 #include <cstdarg>
 #include <cstddef>
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <new>
 #include <string>
@@ -44,6 +51,8 @@ void operator delete[](void* memory, std::size_t) noexcept
 namespace
 {
 
+using kest::test::ScopedLocale;
+using kest::test::ScratchFolder;
 using kest::test::SentinelBuffer;
 using Buffer = SentinelBuffer<wchar_t, 16>;
 
@@ -100,6 +109,45 @@ TEST(ScratchFailure, DoesNotConcernShortTexts)
     EXPECT_EQ(answers.written, 6);
     EXPECT_EQ(answers.cut, 2);
     EXPECT_EQ(buffer.contents(), Buffer::startingWith(std::wstring(L"abc\0ef\0", 7)));
+}
+
+// The C library's functions get the null pointer.
+TEST(ScratchFailure, MakesFileFunctionsFail)
+{
+    const ScratchFolder folder;
+    folder.write("file", "content");
+    struct stat record;
+    Buffer buffer;
+    {
+        const ArrayFailure failure;
+        errno = 0;
+        EXPECT_EQ(_wstat(L"file", &record), -1);
+        EXPECT_EQ(errno, EFAULT);
+        errno = 0;
+        EXPECT_EQ(_waccess(L"file", 0), -1);
+        EXPECT_EQ(errno, EFAULT);
+        errno = 0;
+        EXPECT_EQ(_wremove(L"file"), -1);
+        EXPECT_EQ(errno, EFAULT);
+        EXPECT_EQ(_wfullpath(buffer.data(), L"file", 3), buffer.data());
+    }
+    EXPECT_EQ(buffer.contents(), Buffer::startingWith(std::wstring(3, L'\0')));
+    EXPECT_TRUE(std::filesystem::exists("file"));
+}
+
+TEST(ScratchFailure, MakesALocaleNameAQuery)
+{
+    const ScopedLocale locale("C");
+    const ArrayFailure failure;
+    EXPECT_STREQ(_wsetlocale(LC_ALL, L"C.UTF-8"), "C");
+    EXPECT_STREQ(std::setlocale(LC_ALL, nullptr), "C");
+}
+
+TEST(ScratchFailure, MakesLongNumbersZero)
+{
+    const ArrayFailure failure;
+    EXPECT_EQ(_wtoi((std::wstring(100, L' ') + L"42").c_str()), 0);
+    EXPECT_EQ(_wtoi(L"42"), 42);
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 
 #include "harness/guarded_text.h"
 #include "harness/scoped_locale.h"
+#include "harness/scoped_table.h"
 #include "harness/sentinel_buffer.h"
 
 #include <algorithm>
@@ -18,6 +19,7 @@
 using namespace std::string_literals;
 using kest::test::GuardedText;
 using kest::test::ScopedLocale;
+using kest::test::ScopedTable;
 using kest::test::SentinelBuffer;
 
 namespace
@@ -184,6 +186,19 @@ TEST(CaseMapping, MapsEveryByteAsTheNarrowTableDoes)
             EXPECT_EQ(text, expected) << name << ", " << &narrow - narrowCases;
             EXPECT_EQ(errno, 77);
         }
+    }
+}
+
+TEST(CaseMapping, OfBytesAbove127TakesTheNegativeEntries)
+{
+    const auto entry = [](int code) { return code < 0 ? 'n' : code > 127 ? 'p' : code; };
+    const ScopedTable upper(__ctype_toupper_loc(), entry);
+    const ScopedTable lower(__ctype_tolower_loc(), entry);
+    for (const NarrowCase& narrow : narrowCases)
+    {
+        std::string text = "a\x7F\x80\xC4\xFF";
+        narrow.function(text.data());
+        EXPECT_EQ(text, "a\x7Fnnn") << &narrow - narrowCases;
     }
 }
 

@@ -3,7 +3,9 @@
 #include "kest/shell_paths.h"
 
 #include "harness/scoped_locale.h"
+#include "harness/scoped_table.h"
 
+#include <cctype>
 #include <cerrno>
 #include <cstdint>
 #include <cwchar>
@@ -12,6 +14,7 @@
 #include <vector>
 
 using kest::test::ScopedLocale;
+using kest::test::ScopedTable;
 
 namespace
 {
@@ -117,6 +120,20 @@ TEST(CaselessComparison, FoldsWideCharactersInAUnicodeLocale)
         {{0x391}, {0x3B1}, 0},
         {{0x10400, 'A'}, {0x10428, 'a'}, 0},
         {{0xC4, 'A'}, {0xE4, 'b'}, -1},
+    });
+}
+
+TEST(CaselessComparison, TakesTheTableFromMinus128To255)
+{
+    const ScopedTable lower(__ctype_tolower_loc(), [](int code) { return 1000 + code; });
+    expectComparisons({
+        {{0x80}, {}, 128},
+        {{0xFF}, {}, 255},
+        {{0x100}, {}, 256 - 1000},
+        {{0xFFFFFF80}, {}, -128},
+        {{0xFFFFFFFF}, {}, -1},
+        {{0xFFFFFF7F}, {}, -129 - 1000},
+        {{'B'}, {'a'}, 'B' - 'a'},
     });
 }
 

@@ -14,6 +14,7 @@
 #include <cstdlib>
 #include <functional>
 #include <gtest/gtest.h>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <thread>
@@ -128,6 +129,11 @@ const std::vector<std::pair<const char*, Writer>> unlimitedWriters = {{"_vswprin
                                                                       {"_tarvswprintf", threeArguments},
                                                                       {"swprintf", encodedSwprintf},
                                                                       {"wsprintfW", wsprintfW}};
+
+struct Close
+{
+    void operator()(FILE* stream) const { std::fclose(stream); }
+};
 
 using Buffer = SentinelBuffer<wchar_t, 80>;
 using NarrowBuffer = SentinelBuffer<char, 16>;
@@ -268,8 +274,11 @@ TEST(WideFormats, EndTheProcessOverPercentN)
     EXPECT_EXIT(snwprintfS(buffer.data(), 8, 8, L"ab%n", &written), aborted, "");
     EXPECT_EXIT((reopenStandardOutput("/dev/null"), printList(L"ab%n", &written)), aborted, "");
     EXPECT_EXIT((reopenStandardOutput("/dev/null"), _tarwprintf(L"ab%n", &written)), aborted, "");
-    EXPECT_EXIT(printListTo(stderr, L"ab%n", &written), aborted, "");
-    EXPECT_EXIT(_tarfwprintf(stderr, L"ab%n", &written), aborted, "");
+    // A stream that nothing was printed to yet: it would refuse wide text after narrow text.
+    const std::unique_ptr<FILE, Close> stream(std::fopen("/dev/null", "w"));
+    ASSERT_NE(stream, nullptr);
+    EXPECT_EXIT(printListTo(stream.get(), L"ab%n", &written), aborted, "");
+    EXPECT_EXIT(_tarfwprintf(stream.get(), L"ab%n", &written), aborted, "");
     for (const auto& [name, write] : unlimitedWriters)
     {
         EXPECT_EXIT(write(buffer.data(), L"ab%n", &written), aborted, "") << name;

@@ -1,4 +1,4 @@
-"""Reads the public headers with libclang: every exported declaration with its contract."""
+"""Reads the public headers with libclang: every exported declaration with its contract, and the host's interfaces."""
 
 import pathlib
 import re
@@ -9,6 +9,7 @@ FUNCTIONS = {clang.CursorKind.FUNCTION_DECL, clang.CursorKind.CXX_METHOD, clang.
              clang.CursorKind.DESTRUCTOR, clang.CursorKind.CONVERSION_FUNCTION}
 CLASSES = {clang.CursorKind.CLASS_DECL, clang.CursorKind.STRUCT_DECL}
 SCOPES = CLASSES | {clang.CursorKind.NAMESPACE}
+INTERFACE = re.compile(r"I[A-Z]\w*Services?")
 TAG = re.compile(r"^@(param|return|lasterror|null|kind|differs)\b", re.MULTILINE)
 
 
@@ -49,11 +50,11 @@ def symbols_of(cursor):
 
 
 def source_text(cursor):
-    """The declaration as the header spells it, on one line, without what only concerns the compiler."""
+    """The declaration as the header spells it, on one line, without what only concerns the compiler and the body."""
     lines = pathlib.Path(cursor.extent.start.file.name).read_text(encoding="utf-8").splitlines()
     text = " ".join(lines[cursor.extent.start.line - 1:cursor.extent.end.line])
-    text = re.split(r"[;{]", text)[0]
-    return re.sub(r"\s+", " ", re.sub(r"\b(KEST_API|extern)\s+", "", text)).strip()
+    text = re.split(r"[;{]| = 0\b", text)[0]
+    return re.sub(r"\s+", " ", re.sub(r"\b(KEST_API|extern|virtual)\s+", "", text)).strip()
 
 
 def read_comment(comment):
@@ -83,7 +84,7 @@ def walk(scope, include, found):
             if cursor.raw_comment:
                 comment = cursor.raw_comment
             elif not follows_directly(previous, cursor):
-                comment = scope.raw_comment if scope.kind in CLASSES else None
+                comment = None
             if exported(cursor):
                 header = str(pathlib.Path(cursor.location.file.name).relative_to(include))
                 found.append(Declaration(cursor, header, comment))
@@ -92,9 +93,55 @@ def walk(scope, include, found):
             walk(cursor, include, found)
 
 
-def read(include):
-    """Every exported declaration below include/kest, in header order."""
-    include = pathlib.Path(include).resolve()
+class Operation:
+    """One slot of an interface, counted from 1; reserved ones have no name of their own."""
+
+    def __init__(self, cursor, position):
+        self.position = position
+        self.name = cursor.spelling
+        self.reserved = cursor.spelling.startswith("reserved")
+        self.text = source_text(cursor)
+        self.result = cursor.result_type.spelling
+        self.remark = read_comment(cursor.raw_comment)[0].lstrip("< ") if cursor.raw_comment else ""
+
+
+def read_interfaces(unit):
+    """The host's interfaces, by name: each its purpose and its operations in the order of their slots."""
+    interfaces = {}
+    for cursor in unit.cursor.get_children():
+        if cursor.kind == clang.CursorKind.CLASS_DECL and cursor.is_definition() and \
+                INTERFACE.fullmatch(cursor.spelling):
+            methods = [child for child in cursor.get_children() if child.kind == clang.CursorKind.CXX_METHOD]
+            interfaces[cursor.spelling] = (read_comment(cursor.raw_comment)[0],
+                                           [Operation(method, slot) for slot, method in enumerate(methods, start=1)])
+    return interfaces
+
+
+def read_overview(header):
+    """The comment that opens a header, without the name of the system."""
+    comment = re.match(r"\s*/\*(.*?)\*/", header.read_text(encoding="utf-8"), re.DOTALL)
+    if comment is None:
+        return ""
+    lines = [re.sub(r"^ \* ?", "", line) for line in comment.group(1).strip().splitlines()]
+    text = "\n".join(lines).removeprefix("* ").removeprefix("Kest Platform Base: ")
+    return text[:1].upper() + text[1:]
+
+
+class Headers:
+    """What stands in the headers below include/kest."""
+
+    def __init__(self, include):
+        include = pathlib.Path(include).resolve()
+        self.unit = parse(include)
+        self.declarations = []
+        walk(self.unit.cursor, include / "kest", self.declarations)
+        self.declarations.sort(key=lambda declaration: (declaration.header, declaration.line))
+        self.interfaces = read_interfaces(self.unit)
+        self.overviews = {str(path.relative_to(include / "kest")): read_overview(path)
+                          for path in sorted((include / "kest").rglob("*.h"))}
+
+
+def parse(include):
     headers = sorted(path.relative_to(include) for path in (include / "kest").rglob("*.h"))
     source = "".join(f'#include "{header}"\n' for header in headers)
     unit = clang.Index.create().parse("all_headers.cpp", unsaved_files=[("all_headers.cpp", source)],
@@ -102,6 +149,4 @@ def read(include):
     errors = [str(problem) for problem in unit.diagnostics if problem.severity >= clang.Diagnostic.Error]
     if errors:
         raise SystemExit("\n".join(errors))
-    found = []
-    walk(unit.cursor, include / "kest", found)
-    return found
+    return unit

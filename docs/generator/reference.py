@@ -1,6 +1,7 @@
 """Writes the reference, docs/reference/, from the public headers and abi/exports.tsv.
 
-With --check nothing is written: the pages must be up to date. Either way every export must have a contract.
+With --check nothing is written: the pages must be up to date. Either way every export must have a contract, and the
+contract's kind, the operation that it names and that operation's slot must be those of the table.
 """
 
 import argparse
@@ -28,6 +29,7 @@ class Entry:
         self.row = row
         self.name = declaration.name
         self.header = declaration.header
+        self.anchor = None
 
     @property
     def page(self):
@@ -35,7 +37,7 @@ class Entry:
 
     @property
     def link(self):
-        return f"[`{self.name}`]({self.page}#{anchor(self.name)})"
+        return f"[`{self.name}`]({self.page}#{self.anchor})"
 
 
 def page_of(header):
@@ -47,12 +49,24 @@ def anchor(name):
     return re.sub(r"[^\w\- ]", "", name.lower()).replace(" ", "-")
 
 
+def set_anchors(entries):
+    """Headings that differ in punctuation only are told apart by a number, as renderers do it."""
+    taken = collections.Counter()
+    for (page, name), group in grouped(entries, lambda entry: (entry.page, entry.name)).items():
+        plain = anchor(name)
+        number = taken[page, plain]
+        taken[page, plain] += 1
+        for entry in group:
+            entry.anchor = f"{plain}-{number}" if number else plain
+
+
 def cell(text):
     return re.sub(r"\s+", " ", text).replace("|", "\\|")
 
 
-def join(found, rows):
-    """Entries in header order; ends the program when an export has no contract or stands in another header."""
+def join(headers, rows):
+    """Entries in header order; ends the program when headers and table do not agree or a contract is missing."""
+    found = headers.declarations
     by_symbol = {symbol: declaration for declaration in found for symbol in declaration.symbols}
     second_names = {row["second_name_of"]: row["symbol"] for row in rows if row["second_name_of"] != "-"}
     problems, entries, seen = [], [], set()
@@ -62,11 +76,9 @@ def join(found, rows):
         declaration = by_symbol.get(row["symbol"]) or by_symbol.get(other)
         if declaration is None:
             problems.append(f"{place} is declared in no header")
-        elif declaration.header != row["header"]:
-            problems.append(f"{place} is declared in {declaration.header}, not in {row['header']}")
-        elif not declaration.contract:
-            problems.append(f"{place} has no contract ({declaration.header}:{declaration.line})")
-        elif id(declaration) not in seen:
+            continue
+        problems += [f"{place} {problem}" for problem in disagreements(declaration, row, headers.interfaces)]
+        if id(declaration) not in seen:
             seen.add(id(declaration))
             entries.append(Entry(declaration, row))
     problems += [f"include/kest/{declaration.header}:{declaration.line}: {declaration.name} is not in abi/exports.tsv"
@@ -74,15 +86,37 @@ def join(found, rows):
     if problems:
         sys.exit("\n".join(problems))
     order = {id(declaration): number for number, declaration in enumerate(found)}
-    return sorted(entries, key=lambda entry: order[id(entry.declaration)])
+    entries.sort(key=lambda entry: order[id(entry.declaration)])
+    set_anchors(entries)
+    return entries
+
+
+def disagreements(declaration, row, interfaces):
+    """What a row and the declaration of its symbol say differently."""
+    place = f"({declaration.header}:{declaration.line})"
+    if declaration.header != row["header"]:
+        yield f"is declared in {declaration.header}"
+    if not declaration.contract:
+        yield f"has no contract {place}"
+    for kind in declaration.tag("kind"):
+        if re.split(r"[:\s]*$|:", kind)[0] != row["kind"]:
+            yield f"is a '{row['kind']}', but not in its contract {place}"
+        named = re.match(r"(?:checked )?forward: (\w+::\w+)", kind)
+        if named and named.group(1) not in row["operation"].split(","):
+            yield f"does not call {named.group(1)}, which its contract names {place}"
+    for service, operation, position, _ in exports_table.operations(row):
+        slots = interfaces[service][1] if service in interfaces else []
+        if position > len(slots) or slots[position - 1].name != operation:
+            yield f"calls {service}::{operation}, which does not stand at position {position}"
 
 
 def operation_text(row):
-    return f"`{row['operation']}`, position {row['position']}" if row["operation"] != "-" else ""
+    return ", ".join(f"`{service}::{operation}`, position {position}"
+                     for service, operation, position, _ in exports_table.operations(row))
 
 
-def header_page(header, entries):
-    lines = [PREFACE, f"# {header}\n"]
+def header_page(header, overview, entries):
+    lines = [PREFACE, f"# kest/{header}\n", f"\n{overview}\n" if overview else ""]
     for name, group in grouped(entries, lambda entry: entry.name).items():
         lines.append(f"\n## {name}\n")
         shown = None
@@ -97,7 +131,7 @@ def header_page(header, entries):
             if not declaration.tag("kind"):
                 lines.append(f"- Kind: {entry.row['kind']}\n")
             if operation_text(entry.row):
-                lines.append(f"- Service operation: {operation_text(entry.row)}\n")
+                lines.append(f"- [Service](host.md) operation: {operation_text(entry.row)}\n")
     return "".join(lines)
 
 
@@ -119,11 +153,19 @@ def grouped(items, key):
 
 def index_page(entries):
     lines = [PREFACE, "# Reference\n\n",
+             "Everything that libKestPlatformBase.so exports, with the contract that stands at its declaration. Each page "
+             "is a header of `include/kest`.\n\n",
              "- [Every difference from Windows](differences.md)\n",
              "- [Fixed results](fixed_results.md)\n",
              "- [What a host must implement](host.md)\n",
              "- [What ends the process](process_ends.md)\n\n",
-             "## By header\n\n| header | exports |\n|---|---|\n"]
+             "| kind | what a function of it does |\n|---|---|\n"
+             "| local | its work, here |\n"
+             "| forward | calls one operation of the host's, which must be there |\n"
+             "| checked forward | the same; answers by itself while there is no hub, or the service is missing |\n"
+             "| fixed result | answers the same always, and nothing else |\n"
+             "| ends the process | is there to be linked against, not to be called |\n\n",
+             "## By header\n\n| header | declarations |\n|---|---|\n"]
     lines += [f"| [{header}]({page_of(header)}) | {len(group)} |\n"
               for header, group in grouped(entries, lambda entry: entry.header).items()]
     lines.append("\n## By name\n\n| name | kind | header |\n|---|---|---|\n")
@@ -162,38 +204,85 @@ def fixed_results_page(entries):
     return "".join(lines)
 
 
-def host_page(entries):
+def host_page(entries, interfaces):
     lines = [PREFACE, "# What a host must implement\n\n",
-             "By service: each operation, the functions that it serves, and what these answer while there is no hub or "
-             "the hub does not supply the service. \"must be there\" marks functions that make no test: the host "
-             "supplies that operation before they are called.\n"]
+             "A host derives from `IPlatformServices` and from the services that it supplies, overrides the operations "
+             "that it supports and installs the hub with [`setPlatformServices`](platform_services.md"
+             "#setplatformservices). The order of the operations is binding: each is a slot of the virtual table, "
+             "counted from 1. What the tables leave out is never called; it is reserved and has an empty body.\n\n",
+             "The last column says what the functions served answer while there is no hub, or the hub does not hand out "
+             "the service. \"Must be there\" marks functions that make no test: the host supplies that operation before "
+             "they are called.\n"]
     served = collections.defaultdict(list)
     for entry in entries:
-        if entry.row["operation"] != "-":
-            for operation, position in zip(entry.row["operation"].split(","), entry.row["position"].split(",")):
-                served[(operation.split("::")[0], int(position), operation.split("::")[1])].append(entry)
-    for service, keys in grouped(sorted(served), lambda key: key[0]).items():
-        lines.append(f"\n## {service}\n\n| position | operation | serves | without it |\n|---|---|---|---|\n")
-        for key in keys:
-            names = dict.fromkeys(entry.link for entry in served[key])
-            answers = dict.fromkeys("must be there" if entry.row["answer"] == "-" else entry.row["answer"]
-                                    for entry in served[key])
-            lines.append(f"| {key[1]} | `{key[2]}` | {', '.join(names)} | {', '.join(answers)} |\n")
+        for service, operation, _, answer in exports_table.operations(entry.row):
+            served[service, operation].append((entry, answer))
+    purpose, getters = interfaces["IPlatformServices"]
+    lines += [f"\n## IPlatformServices\n\n{purpose}\n\n| position | getter | hands out |\n|---|---|---|\n"]
+    used = [getter for getter in getters if not getter.reserved]
+    lines += [f"| {getter.position} | `{getter.name}` | [{service_of(getter)}](#{anchor(service_of(getter))}) |\n"
+              for getter in used]
+    for service in map(service_of, used):
+        purpose, operations = interfaces[service]
+        lines.append(f"\n## {service}\n\n{purpose}\n\n| position | operation | serves | without it |\n|---|---|---|---|\n")
+        for operation in operations:
+            if not operation.reserved:
+                text = f"`{cell(operation.text)}`" + (f"<br>{cell(operation.remark)}" if operation.remark else "")
+                users = served[service, operation.name]
+                lines.append(f"| {operation.position} | {text} | {' <br>'.join(dict.fromkeys(e.link for e, _ in users))}"
+                             f" | {answers_text(users)} |\n")
     return "".join(lines)
 
 
-def process_ends_page(entries):
+def service_of(getter):
+    return getter.result.removesuffix("*").strip()
+
+
+def answers_text(users):
+    """One answer for all the functions served, or one for each of them."""
+    answers = {entry.name: "must be there" if answer == "-" else answer for entry, answer in users}
+    if len(set(answers.values())) == 1:
+        return next(iter(answers.values()))
+    return "<br>".join(f"`{name}`: {answer}" for name, answer in answers.items())
+
+
+ENDS = re.compile(r"\bends? the process\b")
+
+
+def ending_sentences(text):
+    pieces = [re.sub(r"\s+", " ", piece).strip() for piece in re.split(r"\n\s*-\s|\n\n", text)]
+    sentences = [sentence for piece in pieces for sentence in re.split(r"(?<=\.) (?=[A-Z0-9*])", piece)]
+    return [sentence for sentence in sentences if ENDS.search(sentence)]
+
+
+def endings(declaration):
+    """What a contract says about the end of the process, in its own words."""
+    for sentence in ending_sentences(declaration.contract):
+        yield sentence
+    for tag, text in declaration.tags:
+        if tag == "differs":
+            identifier, sentence = re.match(r"\{(\S*)\}\s*(.*)", text, re.DOTALL).groups()
+            if "EndsTheProcess" in identifier or "Dies" in identifier or ENDS.search(sentence):
+                yield f"`{identifier}`: {sentence}"
+        elif tag != "kind":
+            for sentence in ending_sentences(tag_text(tag, text)):
+                yield f"{TAG_TITLES[tag]}: {sentence}" if tag == "null" else sentence
+
+
+def process_ends_page(overviews, entries):
     lines = [PREFACE, "# What ends the process\n\n## Always\n\nThese functions are declared so that code links; "
              "reaching one ends the process.\n\n"]
     lines += [f"- {entry.link}\n" for entry in entries if entry.row["kind"] == "ends the process"]
-    lines.append("\n## On some arguments\n\n| function | when |\n|---|---|\n")
+    lines.append("\n## In a whole family\n\n| header | when |\n|---|---|\n")
+    for header in dict.fromkeys(entry.header for entry in entries):
+        sentences = ending_sentences(overviews[header])
+        if sentences:
+            lines.append(f"| [{header}]({page_of(header)}) | {cell(' '.join(sentences))} |\n")
+    lines.append("\n## In one function\n\n| function | when |\n|---|---|\n")
     for entry in entries:
-        declaration = entry.declaration
-        text = re.sub(r"\s+", " ", " ".join((declaration.contract, *(text for _, text in declaration.tags))))
-        text = re.sub(r"\{[^}]*\}", "", text)
-        sentences = [sentence for sentence in re.split(r"(?<=[.;]) ", text) if re.search(r"\bends? the process", sentence)]
+        sentences = list(dict.fromkeys(endings(entry.declaration)))
         if sentences and entry.row["kind"] != "ends the process":
-            lines.append(f"| {entry.link} | {cell(' '.join(dict.fromkeys(sentences)))} |\n")
+            lines.append(f"| {entry.link} | {'<br>'.join(map(cell, sentences))} |\n")
     return "".join(lines)
 
 
@@ -202,12 +291,13 @@ def main():
     parser.add_argument("--check", action="store_true")
     options = parser.parse_args()
 
-    entries = join(declarations.read(ROOT / "include"), exports_table.read(ROOT / "abi" / "exports.tsv"))
-    pages = {page_of(header): header_page(header, group)
+    headers = declarations.Headers(ROOT / "include")
+    entries = join(headers, exports_table.read(ROOT / "abi" / "exports.tsv"))
+    pages = {page_of(header): header_page(header, headers.overviews[header], group)
              for header, group in grouped(entries, lambda entry: entry.header).items()}
     pages |= {"index.md": index_page(entries), "differences.md": differences_page(entries),
-              "fixed_results.md": fixed_results_page(entries), "host.md": host_page(entries),
-              "process_ends.md": process_ends_page(entries)}
+              "fixed_results.md": fixed_results_page(entries), "host.md": host_page(entries, headers.interfaces),
+              "process_ends.md": process_ends_page(headers.overviews, entries)}
 
     folder = ROOT / "docs" / "reference"
     if options.check:

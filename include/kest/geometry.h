@@ -144,24 +144,28 @@ class CSize : public tagSIZE
 public:
     /** Both fields zero. */
     KEST_API CSize();
+    /** Takes the fields as they are; of a point, x becomes cx and y becomes cy. */
     KEST_API CSize(int cx, int cy);
     KEST_API CSize(SIZE size);
-    /** x becomes cx, y becomes cy. */
     KEST_API CSize(POINT point);
     /** The low 16 bits, signed, become cx, the high 16 bits, signed, cy. */
     KEST_API CSize(unsigned int packed);
 
+    /** Stores both fields. */
     KEST_API void SetSize(int cx, int cy);
 
+    /** Whether both fields are equal, or not. */
     KEST_API BOOL operator==(SIZE size) const;
     KEST_API BOOL operator!=(SIZE size) const;
     /** Two of a kind: C++20 would find the members above from both sides and call them ambiguous. */
     friend BOOL operator==(const CSize& a, const CSize& b) { return a == static_cast<SIZE>(b); }
     friend BOOL operator!=(const CSize& a, const CSize& b) { return a != static_cast<SIZE>(b); }
 
+    /** Adds or subtracts field by field, in place. */
     KEST_API CSize& operator+=(SIZE size);
     KEST_API CSize& operator-=(SIZE size);
 
+    /** The sum or difference, field by field; both fields negated. */
     KEST_API CSize operator+(SIZE size) const;
     KEST_API CSize operator-(SIZE size) const;
     KEST_API CSize operator-() const;
@@ -179,12 +183,15 @@ class __attribute__((may_alias)) CPoint : public tagPOINT
 public:
     /** Both fields zero. */
     KEST_API CPoint();
+    /** Stores both fields. */
     KEST_API CPoint(int x, int y);
     /** The low 16 bits, signed, become x, the next 16 bits, signed, y: unpacks a message's LPARAM. */
     KEST_API CPoint(long packed);
+    /** Takes the fields as they are; of a size, cx becomes x and cy becomes y. */
     CPoint(POINT point) : tagPOINT(point) {}
     CPoint(SIZE size) : tagPOINT{size.cx, size.cy} {}
 
+    /** Stores both fields. */
     KEST_API void SetPoint(int x, int y);
 
     /** Adds to x and y. */
@@ -192,22 +199,25 @@ public:
     KEST_API void Offset(POINT point);
     KEST_API void Offset(SIZE size);
 
+    /** Whether both fields are equal, or not. */
     KEST_API BOOL operator==(POINT point) const;
     KEST_API BOOL operator!=(POINT point) const;
     /** Two of a kind: C++20 would find the members above from both sides and call them ambiguous. */
     friend BOOL operator==(const CPoint& a, const CPoint& b) { return a == static_cast<POINT>(b); }
     friend BOOL operator!=(const CPoint& a, const CPoint& b) { return a != static_cast<POINT>(b); }
 
+    /** Adds or subtracts field by field, in place. */
     KEST_API CPoint& operator+=(SIZE size);
     KEST_API CPoint& operator-=(SIZE size);
     KEST_API CPoint& operator+=(POINT point);
     KEST_API CPoint& operator-=(POINT point);
 
-    /** A point and a size make a point, two points too; the difference of two points is a size. */
+    /** The sum or difference, field by field: a point with a size, a point with a point; two points differ by a size. */
     KEST_API CPoint operator+(SIZE size) const;
     KEST_API CPoint operator-(SIZE size) const;
     KEST_API CPoint operator+(POINT point) const;
     KEST_API CSize operator-(POINT point) const;
+    /** Both fields negated. */
     KEST_API CPoint operator-() const;
     /** The rectangle moved by this point, or back by it. Null counts as the null rectangle. */
     KEST_API CRect operator+(const RECT* rect) const;
@@ -215,22 +225,24 @@ public:
 };
 
 /**
- * A rectangle. A CRect can be passed wherever a pointer to a RECT is taken. Members named like a function above
- * answer as that function does, with this rectangle as its destination or its subject.
+ * A rectangle. A CRect can be passed wherever a pointer to a RECT is taken.
  */
 class CRect : public tagRECT
 {
 public:
     /** All fields zero. */
     KEST_API CRect();
+    /** Takes the four fields as they are. */
     KEST_API CRect(int left, int top, int right, int bottom);
     KEST_API CRect(const RECT& rect);
-    /** Null gives the null rectangle. */
+    /** Takes the four fields as they are. Null gives the null rectangle. */
     KEST_API CRect(const RECT* rect);
+    /** From a corner and a size: right is x + cx, bottom is y + cy. */
     KEST_API CRect(POINT topLeft, SIZE size);
+    /** From two corners, as they are. */
     KEST_API CRect(POINT topLeft, POINT bottomRight);
 
-    /** right - left, and bottom - top. */
+    /** right - left; bottom - top; both as a size. */
     KEST_API int Width() const;
     KEST_API int Height() const;
     KEST_API CSize Size() const;
@@ -248,6 +260,7 @@ public:
     KEST_API void SwapLeftRight();
     KEST_API static void SwapLeftRight(RECT* rect);
 
+    /** This rectangle's own address. */
     KEST_API operator tagRECT*();
     KEST_API operator const tagRECT*() const;
 
@@ -260,29 +273,39 @@ public:
     /** Whether all four fields are zero. */
     KEST_API BOOL IsRectNull() const;
     /**
-     * As the function.
+     * As the function PtInRect.
      * @differs{CRect.CountsPointsOnFarEdges} A point on the right or the bottom edge is inside.
      */
     KEST_API BOOL PtInRect(POINT point) const;
 
+    /** As the function of the same name, into this rectangle; SetRect takes two corners as well. */
     KEST_API BOOL SetRect(int left, int top, int right, int bottom);
     KEST_API BOOL SetRect(POINT topLeft, POINT bottomRight);
     KEST_API BOOL SetRectEmpty();
     KEST_API BOOL CopyRect(const RECT* src);
+    /** As the function EqualRect, of this rectangle and another. */
     KEST_API BOOL EqualRect(const RECT* rect) const;
 
+    /** Moves by dx and dy, x and y, or cx and cy, as the function OffsetRect. Answers 1. */
     KEST_API BOOL OffsetRect(int dx, int dy);
     KEST_API BOOL OffsetRect(POINT point);
     KEST_API BOOL OffsetRect(SIZE size);
 
-    /** Moves the edges outwards: by dx and dy, by the amounts in a rectangle's fields, or by one amount a side. */
+    /**
+     * Moves the edges outwards: by dx and dy, by the amounts in a rectangle's fields, or by one amount a side.
+     * @return 1.
+     * @null changes nothing and answers 0.
+     */
     KEST_API BOOL InflateRect(int dx, int dy);
     KEST_API BOOL InflateRect(SIZE size);
-    /** Null changes nothing and answers 0. */
     KEST_API BOOL InflateRect(const RECT* rect);
     KEST_API BOOL InflateRect(int left, int top, int right, int bottom);
 
-    /** Moves the edges inwards, likewise. */
+    /**
+     * Moves the edges inwards, by the amounts that InflateRect takes.
+     * @return 1.
+     * @null changes nothing and answers 0.
+     */
     KEST_API BOOL DeflateRect(int dx, int dy);
     KEST_API BOOL DeflateRect(SIZE size);
     KEST_API BOOL DeflateRect(const RECT* rect);
@@ -297,11 +320,14 @@ public:
     /** Exchanges left and right if left > right, top and bottom if top > bottom. */
     KEST_API void NormalizeRect();
 
+    /** As the function of the same name, with this rectangle as its destination. */
     KEST_API BOOL IntersectRect(const RECT* a, const RECT* b);
     KEST_API BOOL UnionRect(const RECT* a, const RECT* b);
     KEST_API BOOL SubtractRect(const RECT* a, const RECT* b);
 
+    /** Copies the four fields. */
     KEST_API CRect& operator=(const RECT& rect);
+    /** Whether all four fields are equal, or not. */
     KEST_API BOOL operator==(const RECT& rect) const;
     KEST_API BOOL operator!=(const RECT& rect) const;
     /** Two of a kind: C++20 would find the members above from both sides and call them ambiguous. */
@@ -319,6 +345,7 @@ public:
     KEST_API CRect& operator&=(const RECT& rect);
     KEST_API CRect& operator|=(const RECT& rect);
 
+    /** A copy, changed as += and -= change a rectangle. */
     KEST_API CRect operator+(POINT point) const;
     KEST_API CRect operator+(SIZE size) const;
     KEST_API CRect operator+(const RECT* rect) const;

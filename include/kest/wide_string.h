@@ -32,6 +32,7 @@ class KestPlatformCStringManager
 public:
     /** An empty ring that accepts reports. */
     KEST_API KestPlatformCStringManager();
+    /** Releases the slots; the strings are not touched. */
     KEST_API ~KestPlatformCStringManager();
     KestPlatformCStringManager(const KestPlatformCStringManager&) = delete;
     KestPlatformCStringManager& operator=(const KestPlatformCStringManager&) = delete;

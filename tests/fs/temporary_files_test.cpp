@@ -144,12 +144,15 @@ TEST(GetTempFileNameA, AnswersTheLength)
     EXPECT_EQ(GetTempFileNameA("/tmp", "ab", 42, buffer.data()), 12U);
 }
 
+// The address sanitizer reports the same overflow in words of its own.
+constexpr const char* overflow = "buffer overflow detected|stack-buffer-overflow";
+
 TEST(GetTempFileNameA, TakesNumbersOfSixCharacters)
 {
     expectNarrowName("d/", "p", 0x10000, "d/p65536.tmp");
     Narrow buffer;
-    EXPECT_DEATH(GetTempFileNameA("d/", "p", 1000000, buffer.data()), "buffer overflow detected");
-    EXPECT_DEATH(GetTempFileNameA("d/", "p", static_cast<UINT>(-100000), buffer.data()), "buffer overflow detected");
+    EXPECT_DEATH(GetTempFileNameA("d/", "p", 1000000, buffer.data()), overflow);
+    EXPECT_DEATH(GetTempFileNameA("d/", "p", static_cast<UINT>(-100000), buffer.data()), overflow);
 }
 
 void expectWideName(const wchar_t* directory, const wchar_t* prefix, UINT unique, const std::wstring& name)
@@ -319,7 +322,7 @@ TEST(GetTempFileNameW, TakesNumbersOfSixCharacters)
     const LeftOpen leftOpen;
     expectWideName(L".", L"p", 999999, L"./p999999.tmp");
     Wide buffer;
-    EXPECT_DEATH(GetTempFileNameW(L".", L"p", 1000000, buffer.data()), "buffer overflow detected");
+    EXPECT_DEATH(GetTempFileNameW(L".", L"p", 1000000, buffer.data()), overflow);
 }
 
 // Answers a path, and notes what it was given.

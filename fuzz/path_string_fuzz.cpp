@@ -1,16 +1,32 @@
-// The path functions that work on strings, each against its rule written out plainly. Buffers are as small as
-// the result allows, so that the address sanitizer sees every byte too many.
+// The path functions that work on strings, each against its rule written out plainly. Buffers are compared whole:
+// what stands behind a result stays as it was.
 #include "fuzzing.h"
+#include "kest/kernel/files.h"
 #include "kest/shell_paths.h"
 
 #include <algorithm>
 #include <cwctype>
-#include <vector>
 
 namespace
 {
 
 using kest::fuzz::require;
+
+constexpr wchar_t sentinel = L'\x5A';
+
+// The text with its terminator, and sentinels behind it up to `size`.
+std::wstring buffered(const std::wstring& text, std::size_t size)
+{
+    std::wstring buffer = text + L'\0';
+    buffer.resize(std::max(size, buffer.size()), sentinel);
+    return buffer;
+}
+
+// The buffer once `text` and a terminator have been written over its beginning.
+std::wstring overwritten(std::wstring buffer, const std::wstring& text)
+{
+    return buffer.replace(0, text.size() + 1, text + L'\0');
+}
 
 std::size_t lastSlash(const std::wstring& path)
 {
@@ -24,47 +40,66 @@ std::size_t lastSlash(const std::wstring& path)
     return std::wstring::npos;
 }
 
-// The text in a buffer of exactly `room` characters.
-std::vector<wchar_t> inBuffer(const std::wstring& text, std::size_t room)
-{
-    std::vector<wchar_t> buffer(text.begin(), text.end());
-    buffer.resize(std::max(room, text.size()) + 1, L'\0');
-    return buffer;
-}
-
 void checkRemoveFileSpec(const std::wstring& path)
 {
-    std::vector<wchar_t> buffer = inBuffer(path, 0);
+    std::wstring buffer = buffered(path, path.size() + 3);
     const std::size_t slash = lastSlash(path);
     const bool found = slash != std::wstring::npos;
+    const std::wstring expected = found ? overwritten(buffer, path.substr(0, slash)) : buffer;
     require(PathRemoveFileSpecW(buffer.data()) == (found ? 1 : 0), "PathRemoveFileSpecW's result");
-    require(buffer.data() == path.substr(0, found ? slash : path.size()), "PathRemoveFileSpecW's text");
+    require(buffer == expected, "PathRemoveFileSpecW's text");
 }
 
 void checkFindFileName(const std::wstring& path)
 {
-    std::vector<wchar_t> buffer = inBuffer(path, 0);
+    std::wstring buffer = buffered(path, path.size() + 3);
     const std::size_t slash = lastSlash(path);
+    const std::wstring expected =
+        slash == std::wstring::npos ? buffer : overwritten(buffer, path.substr(path.size() - slash));
     require(PathFindFileNameW(buffer.data()) == buffer.data(), "PathFindFileNameW's result");
-    require(buffer.data() == (slash == std::wstring::npos ? path : path.substr(path.size() - slash)),
-            "PathFindFileNameW's text");
+    require(buffer == expected, "PathFindFileNameW's text");
 }
 
-void checkAppend(const std::wstring& path, const std::wstring& more)
+// What is appended may be the end of the path itself.
+void checkAppend(const std::wstring& path, const std::wstring& more, std::size_t ownEnd)
 {
     const bool separated = path.empty() || path[path.size() - 1] == L'/';
-    const std::wstring expected = path + (separated ? L"" : L"/") + more;
-    std::vector<wchar_t> buffer = inBuffer(path, expected.size());
-    require(PathAppendW(buffer.data(), more.c_str()) == 1, "PathAppendW's result");
-    require(buffer.data() == expected, "PathAppendW's text");
+    const bool own = ownEnd <= path.size();
+    const std::wstring appended = own ? path.substr(ownEnd) : more;
+    const std::wstring text = path + (separated ? L"" : L"/") + appended;
+    std::wstring buffer = buffered(path, text.size() + 1);
+    const std::wstring expected = overwritten(buffer, text);
+    require(PathAppendW(buffer.data(), own ? buffer.data() + ownEnd : more.c_str()) == 1, "PathAppendW's result");
+    require(buffer == expected, "PathAppendW's text");
 }
 
-void checkCombine(const std::wstring& directory, const std::wstring& file)
+// The destination may be the directory or the file.
+void checkCombine(const std::wstring& directory, const std::wstring& file, int inPlace)
 {
-    const std::wstring expected = directory + L"/" + file;
-    std::vector<wchar_t> buffer = inBuffer({}, expected.size());
-    require(PathCombineW(buffer.data(), directory.c_str(), file.c_str()) == buffer.data(), "PathCombineW's result");
-    require(buffer.data() == expected, "PathCombineW's text");
+    const std::wstring text = directory + L"/" + file;
+    std::wstring buffer = buffered(inPlace == 1 ? directory : inPlace == 2 ? file : L"", text.size() + 1);
+    const std::wstring expected = overwritten(buffer, text);
+    require(PathCombineW(buffer.data(), inPlace == 1 ? buffer.data() : directory.c_str(),
+                         inPlace == 2 ? buffer.data() : file.c_str()) == buffer.data(),
+            "PathCombineW's result");
+    require(buffer == expected, "PathCombineW's text");
+}
+
+void checkShortPath(const std::wstring& path, std::size_t size)
+{
+    std::wstring buffer = buffered(L"", size + 3);
+    std::wstring expected = buffer;
+    std::size_t result = path.size() + 1;
+    if (size > 0)
+    {
+        std::wstring kept = path.substr(0, size - 1);
+        kept.resize(size, L'\0');
+        expected.replace(0, size, kept);
+        result = size - 1;
+    }
+    require(GetShortPathNameW(path.c_str(), buffer.data(), static_cast<DWORD>(size)) == result,
+            "GetShortPathNameW's result");
+    require(buffer == expected, "GetShortPathNameW's text");
 }
 
 // Stars and question marks only: what else patterns may hold is the C library's.
@@ -107,8 +142,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     const std::wstring second = kest::fuzz::wideText(data, 48, L"///abc.\\");
     checkRemoveFileSpec(first);
     checkFindFileName(first);
-    checkAppend(first, second);
-    checkCombine(first, second);
+    checkAppend(first, second, data.ConsumeIntegralInRange<std::size_t>(0, 96));
+    checkCombine(first, second, data.ConsumeIntegralInRange<int>(0, 2));
+    checkShortPath(first, data.ConsumeIntegralInRange<std::size_t>(0, 64));
     checkMatch(data);
     return 0;
 }

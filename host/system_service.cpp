@@ -191,6 +191,11 @@ std::optional<std::string> windowsVariable(const std::wstring& foldedName)
 
 std::optional<std::string> variable(std::wstring_view name)
 {
+    // The environment would take the beginning of a value for a part of the name.
+    if (name.find(L'=') != name.npos)
+    {
+        return std::nullopt;
+    }
     if (const char* const value = std::getenv(toUtf8(name).c_str()))
     {
         return value;

@@ -107,6 +107,10 @@ TEST_F(HostSystem, ExpandsVariables)
     EXPECT_EQ(service_.ExpandEnvironmentStringsW(L"100%"), L"100%");
     EXPECT_EQ(service_.ExpandEnvironmentStringsW(L""), L"");
     EXPECT_EQ(service_.ExpandEnvironmentStringsW(L"%UserProfile%\\x;%AppData%"), L"/home/user\\x;/home/user/.config");
+    // Of a variable whose value holds a "=" nothing but the whole value can be had.
+    setenv("KEST_EQUALS", "x=y", 1);
+    EXPECT_EQ(service_.ExpandEnvironmentStringsW(L"%KEST_EQUALS%"), L"x=y");
+    EXPECT_EQ(service_.ExpandEnvironmentStringsW(L"%KEST_EQUALS=x%"), L"%KEST_EQUALS=x%");
     setenv("APPDATA", "/mine", 1);
     EXPECT_EQ(service_.ExpandEnvironmentStringsW(L"%APPDATA%"), L"/mine");
     unsetenv("APPDATA");

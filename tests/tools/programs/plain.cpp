@@ -1,0 +1,5 @@
+// A program that needs no library of ours.
+int main()
+{
+    return 5;
+}

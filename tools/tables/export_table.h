@@ -21,16 +21,23 @@ enum class Kind : std::uint8_t
     ends_the_process
 };
 
+// What a host does for a function.
+struct Operation
+{
+    std::string_view name;   // Service::Operation
+    unsigned position;       // its slot in the service, counted from 1
+    std::string_view answer; // without hub or service; empty where that is not looked at
+};
+
 struct Export
 {
-    std::string_view symbol;    // as it stands in an object file
-    std::string_view name;      // the plain name where there is one; empty where all names are type-encoded
-    std::string_view library;   // the file that exports it
-    std::string_view header;    // under include/
-    std::string_view operation; // of a forward: the host's service operation
-    std::string_view answer;    // of a fixed result always, of a checked forward without hub or service
+    std::string_view symbol;  // as it stands in an object file
+    std::string_view name;    // the plain name where there is one; empty where all names are type-encoded
+    std::string_view library; // the file that exports it
+    std::string_view header;  // under include/
+    std::string_view answer;  // of a fixed result
     Kind kind;
-    std::uint8_t position; // the operation's slot in its service, counted from 1
+    std::span<const Operation> operations;
 };
 
 // Every export under each of its symbols, sorted by symbol.
@@ -53,7 +60,7 @@ std::string readableName(std::string_view symbol);
 // An export's name for readers: the plain one, or the decoded one.
 std::string readableName(const Export& row);
 
-// What a reader should know beside the kind: the fixed answer, the operation behind a forward. Empty for the rest.
+// What a reader should know beside the kind: the fixed answer, the operations behind the function. Empty for the rest.
 std::string describeAnswer(const Export& row);
 
 } // namespace kest::tools

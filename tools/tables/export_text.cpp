@@ -23,20 +23,13 @@ std::string readableName(const Export& row)
 
 std::string describeAnswer(const Export& row)
 {
-    switch (row.kind)
+    std::string text = row.answer.empty() ? std::string() : "always " + std::string(row.answer);
+    for (const Operation& operation : row.operations)
     {
-    case Kind::fixed_result:
-        return "always " + std::string(row.answer);
-    case Kind::forward:
-        return std::string(row.operation);
-    case Kind::checked_forward:
-        return std::string(row.operation) + ", " + std::string(row.answer) + " without hub or service";
-    case Kind::variable:
-    case Kind::local:
-    case Kind::ends_the_process:
-        break;
+        text += (text.empty() ? "" : "; ") + std::string(operation.name);
+        text += operation.answer.empty() ? "" : ", " + std::string(operation.answer) + " without hub or service";
     }
-    return {};
+    return text;
 }
 
 } // namespace kest::tools

@@ -2,6 +2,7 @@
 #include <kest/crt.h>
 #include <kest/geometry.h>
 #include <kest/kernel.h>
+#include <kest/registry.h>
 #include <kest/user_interface.h>
 
 #include <csignal>
@@ -47,7 +48,7 @@ void callByBothNames()
     wchar_t text[8] = L"";
     wcscpy_s(text, L"encoded");
     std::printf("%ls %d %d %d\n", text, IsDBCSLeadByte('a'), isLeadByteByItsSecondName('a'),
-                GetFileAttributesW(L"missing") == 0xFFFFFFFF);
+                static_cast<int>(RegCloseKey(nullptr)));
 }
 
 void callFromThreads()

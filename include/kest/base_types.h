@@ -6,6 +6,10 @@
  * wide text is larger than on Windows; field order is Windows's throughout.
  *
  * Handles are pointers to structures that are never defined. HMODULE is HINSTANCE, HCURSOR is HICON.
+ *
+ * Without memory a function fails as it does for any other reason: with the result of its failure, with nothing done
+ * and nothing kept. No exception comes out of it, whatever its linkage. Two families differ, and say so: the
+ * module functions let std::bad_alloc out, and so do the string class and its registry.
  */
 #ifndef KEST_BASE_TYPES_H
 #define KEST_BASE_TYPES_H

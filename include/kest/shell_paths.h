@@ -120,7 +120,7 @@ KEST_API BOOL PathAppendW(wchar_t* path, const wchar_t* more);
 /**
  * Writes directory, "/" and file to destination.
  * @param destination  receives the path; may be one of the sources.
- * @return destination, or null for a null argument.
+ * @return destination, or null for a null argument and without memory.
  * @lasterror left as it is.
  * @null any: answers null, nothing is written.
  * @kind local

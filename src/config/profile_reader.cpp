@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cerrno>
 #include <cstdint>
 #include <cstring>
 #include <fcntl.h>
@@ -116,10 +117,14 @@ private:
             return FileState::unreadable;
         }
         std::size_t filled = 0;
-        ssize_t count = 0;
-        while (filled < size && (count = ::read(descriptor, image_.get() + filled, size - filled)) > 0)
+        while (filled < size)
         {
-            filled += static_cast<std::size_t>(count);
+            const ssize_t count = ::read(descriptor, image_.get() + filled, size - filled);
+            if (count == 0 || (count == -1 && errno != EINTR))
+            {
+                break;
+            }
+            filled += static_cast<std::size_t>(std::max<ssize_t>(count, 0));
         }
         image_[filled] = '\0';
         return filled == 0 ? FileState::unreadable : FileState::read;

@@ -20,9 +20,14 @@ using kest::unknownObjectSize;
 namespace
 {
 
+// What all answer that cannot keep their format.
+constexpr int withoutMemory = -1;
+
 int formatInto(wchar_t* buffer, std::size_t size, const TranslatedFormat& format, std::va_list arguments)
 {
-    return __vswprintf_chk(buffer, size, checkLevel, unknownObjectSize, format.c_str(), arguments);
+    return format.c_str() == nullptr
+               ? withoutMemory
+               : __vswprintf_chk(buffer, size, checkLevel, unknownObjectSize, format.c_str(), arguments);
 }
 
 // Leaves the arguments for another attempt.
@@ -98,7 +103,8 @@ int vsprintf_s(char* buffer, size_t size, const char* format, va_list arguments)
 
 int _tarvwprintf(const wchar_t* format, va_list arguments)
 {
-    return __vwprintf_chk(checkLevel, TranslatedFormat(format).c_str(), arguments);
+    const TranslatedFormat translated(format);
+    return translated.c_str() == nullptr ? withoutMemory : __vwprintf_chk(checkLevel, translated.c_str(), arguments);
 }
 
 int _tarwprintf(const wchar_t* format, ...)
@@ -112,7 +118,9 @@ int _tarwprintf(const wchar_t* format, ...)
 
 int _tarvfwprintf(FILE* stream, const wchar_t* format, va_list arguments)
 {
-    return __vfwprintf_chk(stream, checkLevel, TranslatedFormat(format).c_str(), arguments);
+    const TranslatedFormat translated(format);
+    return translated.c_str() == nullptr ? withoutMemory
+                                         : __vfwprintf_chk(stream, checkLevel, translated.c_str(), arguments);
 }
 
 int _tarfwprintf(FILE* stream, const wchar_t* format, ...)

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cwchar>
+#include <new>
 #include <stdexcept>
 
 namespace kest
@@ -40,11 +41,16 @@ TranslatedFormat::TranslatedFormat(const wchar_t* format)
     const std::size_t length = std::wcslen(demand(format));
     // Every two characters become three at most.
     const std::size_t room = length + length / 2 + 1;
-    if (room > short_.size())
+    const bool isShort = room <= short_.size();
+    if (!isShort)
     {
-        long_ = std::make_unique_for_overwrite<wchar_t[]>(room);
+        long_.reset(new (std::nothrow) wchar_t[room]);
     }
-    replaceStringConversions(long_ == nullptr ? short_.data() : long_.get(), format);
+    text_ = isShort ? short_.data() : long_.get();
+    if (text_ != nullptr)
+    {
+        replaceStringConversions(text_, format);
+    }
 }
 
 } // namespace kest

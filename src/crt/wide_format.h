@@ -12,16 +12,18 @@ namespace kest
 class TranslatedFormat
 {
 public:
-    // A null format throws std::logic_error.
+    // A null format throws std::logic_error. Without memory there is no copy.
     explicit TranslatedFormat(const wchar_t* format);
     TranslatedFormat(const TranslatedFormat&) = delete;
     TranslatedFormat& operator=(const TranslatedFormat&) = delete;
 
-    const wchar_t* c_str() const { return long_ == nullptr ? short_.data() : long_.get(); }
+    // Null without memory.
+    const wchar_t* c_str() const { return text_; }
 
 private:
     std::array<wchar_t, 256> short_;
     std::unique_ptr<wchar_t[]> long_;
+    wchar_t* text_;
 };
 
 } // namespace kest

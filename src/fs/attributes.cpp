@@ -1,6 +1,7 @@
 #include "kest/kernel/files.h"
 #include "kest/platform_services.h"
 #include "kest/shell_paths.h"
+#include "support/out_of_memory.h"
 
 #include <cstddef>
 #include <cwchar>
@@ -16,12 +17,16 @@ DWORD GetFileAttributesW(const wchar_t* path)
     {
         return INVALID_FILE_ATTRIBUTES;
     }
-    std::wstring actualPath = path != nullptr ? path : L"";
-    if (service->PathFileExistsW(path, actualPath) == 0)
-    {
-        return INVALID_FILE_ATTRIBUTES;
-    }
-    return service->GetFileAttributesW(actualPath.c_str());
+    return kest::answerWithoutMemory(INVALID_FILE_ATTRIBUTES,
+                                     [=]() -> DWORD
+                                     {
+                                         std::wstring actualPath = path != nullptr ? path : L"";
+                                         if (service->PathFileExistsW(path, actualPath) == 0)
+                                         {
+                                             return INVALID_FILE_ATTRIBUTES;
+                                         }
+                                         return service->GetFileAttributesW(actualPath.c_str());
+                                     });
 }
 
 DWORD GetFileAttributesA(const char* path)

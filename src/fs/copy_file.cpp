@@ -32,6 +32,17 @@ private:
     int number_;
 };
 
+// A signal that interrupts the opening, as of a pipe that waits for its other end, must not make a file look missing.
+int openUninterrupted(const char* path, int flags, mode_t mode = 0)
+{
+    int descriptor = -1;
+    do
+    {
+        descriptor = open(path, flags | O_CLOEXEC, mode);
+    } while (descriptor == -1 && errno == EINTR);
+    return descriptor;
+}
+
 // More than this the kernel does not copy in one go.
 constexpr std::size_t largestStep = 0x7FFFF000;
 
@@ -84,8 +95,13 @@ BOOL CopyFileW(const wchar_t* source, const wchar_t* destination, BOOL)
 {
     const kest::WholeNarrowText sourcePath(source);
     const kest::WholeNarrowText destinationPath(destination);
-    const Descriptor in(open(sourcePath.c_str(), O_RDONLY | O_CLOEXEC));
-    const Descriptor out(open(destinationPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666));
+    if (sourcePath.c_str() == nullptr || destinationPath.c_str() == nullptr)
+    {
+        // A source without a name would look missing, and empty the destination.
+        return 1;
+    }
+    const Descriptor in(openUninterrupted(sourcePath.c_str(), O_RDONLY));
+    const Descriptor out(openUninterrupted(destinationPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0666));
     if (in.isOpen() && out.isOpen())
     {
         copyContent(in, out);

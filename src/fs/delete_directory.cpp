@@ -1,5 +1,6 @@
 #include "fs/directory_stream.h"
 #include "kest/kernel/directories.h"
+#include "support/out_of_memory.h"
 #include "support/second_name.h"
 
 #include <cstddef>
@@ -152,7 +153,8 @@ int DeleteDirectory(const char* path)
     }
     else if (S_ISDIR(status.st_mode))
     {
-        TreeRemoval(path).remove();
+        // What there is no memory to look at stays, like anything else that cannot be removed.
+        kest::answerWithoutMemory(false, [path] { return TreeRemoval(path).remove(); });
     }
     else
     {

@@ -1,4 +1,5 @@
 #include "kest/shell_paths.h"
+#include "support/out_of_memory.h"
 #include "support/text.h"
 
 #include <cstddef>
@@ -28,15 +29,6 @@ void writeResult(wchar_t* buffer, std::wstring_view text)
         std::wmemmove(buffer, text.data(), text.size());
         buffer[text.size()] = L'\0';
     }
-}
-
-// Composed apart from the destination, which may be one of the sources.
-void writeJoined(wchar_t* buffer, std::wstring_view first, std::wstring_view between, std::wstring_view second)
-{
-    std::wstring text;
-    text.reserve(first.size() + between.size() + second.size());
-    text.append(first).append(between).append(second);
-    writeResult(buffer, text);
 }
 
 } // namespace
@@ -75,8 +67,19 @@ BOOL PathAppendW(wchar_t* path, const wchar_t* more)
         return 0;
     }
     const std::wstring_view text = path;
+    const std::wstring_view added = more;
     const bool separated = text.empty() || text.back() == separator;
-    writeJoined(path, text, separated ? L"" : L"/", more);
+    const std::size_t place = text.size() + (separated ? 0 : 1);
+    if (place + added.size() <= longestResult)
+    {
+        // In this order, as more may be a part of the path.
+        std::wmemmove(path + place, added.data(), added.size());
+        if (!separated)
+        {
+            path[text.size()] = separator;
+        }
+        path[place + added.size()] = L'\0';
+    }
     return 1;
 }
 
@@ -86,8 +89,13 @@ wchar_t* PathCombineW(wchar_t* destination, const wchar_t* directory, const wcha
     {
         return nullptr;
     }
-    writeJoined(destination, directory, L"/", file);
-    return destination;
+    return kest::answerWithoutMemory(static_cast<wchar_t*>(nullptr),
+                                     [=]
+                                     {
+                                         // Composed apart from the destination, which may be one of the sources.
+                                         writeResult(destination, std::wstring(directory).append(L"/").append(file));
+                                         return destination;
+                                     });
 }
 
 BOOL PathMatchSpecW(const wchar_t* file, const wchar_t* pattern)

@@ -4,6 +4,7 @@
 #include "kest/platform_services.h"
 #include "kest/shell_paths.h"
 #include "support/forwarding.h"
+#include "support/out_of_memory.h"
 #include "support/second_name.h"
 #include "support/text.h"
 
@@ -43,10 +44,80 @@ bool isMissing(int directory, const char* name)
     return fstatat(directory, name, &status, AT_SYMLINK_NOFOLLOW) != 0 && errno == ENOENT;
 }
 
+// These three let std::bad_alloc out: the search must end over it, or it would take a later directory for the first.
+
+bool readProgramPath(CStdStr<wchar_t>& path)
+{
+    std::array<char, programPathSize> link;
+    const ssize_t length = readlink("/proc/self/exe", link.data(), link.size());
+    if (length < 1 || static_cast<std::size_t>(length) >= link.size())
+    {
+        return false;
+    }
+    link[static_cast<std::size_t>(length)] = '\0';
+    std::array<wchar_t, programPathSize> wide;
+    kest::widenTerminated(wide.data(), link.data(), wide.size());
+    path = wide.data();
+    return !path.empty();
+}
+
+bool readProgramDirectory(CStdStr<wchar_t>& directory)
+{
+    CStdStr<wchar_t> path;
+    if (!readProgramPath(path))
+    {
+        return false;
+    }
+    const std::size_t separator = path.rfind(L'/');
+    if (separator == std::wstring::npos)
+    {
+        return false;
+    }
+    directory.assign(path, 0, separator + 1);
+    return true;
+}
+
+bool listPathDirectories(std::vector<CStdStr<wchar_t>>& directories)
+{
+    std::array<wchar_t, environmentSize> value = {};
+    if (GetEnvironmentVariableW(L"PATH", value.data(), environmentSize - 1) == 0)
+    {
+        return false;
+    }
+    directories.clear();
+    std::array<wchar_t, longestEntry + 2> entry = {};
+    std::size_t length = 0;
+    for (const wchar_t character : value)
+    {
+        if (character == L'\n')
+        {
+            continue;
+        }
+        if (character != L':' && character != L'\0')
+        {
+            if (length == longestEntry)
+            {
+                return false;
+            }
+            entry[length++] = character;
+            continue;
+        }
+        PathAddBackslashW(entry.data());
+        directories.emplace_back(entry.data());
+        if (character == L'\0')
+        {
+            return true;
+        }
+        entry.fill(L'\0');
+        length = 0;
+    }
+    return false;
+}
+
 bool findInPath(const wchar_t* fileName, CStdStr<wchar_t>& directory)
 {
     std::vector<CStdStr<wchar_t>> candidates;
-    if (!getEnvPATH(candidates))
+    if (!listPathDirectories(candidates))
     {
         return false;
     }
@@ -81,78 +152,44 @@ bool findDirectory(const wchar_t* path, const wchar_t* fileName, CStdStr<wchar_t
         directory = path;
         return findFile(path, fileName);
     }
-    return (getCurProcessDirPath(directory) && findFile(directory.c_str(), fileName)) ||
+    return (readProgramDirectory(directory) && findFile(directory.c_str(), fileName)) ||
            findInCurrentDirectory(fileName, directory) || findInPath(fileName, directory);
+}
+
+DWORD search(const wchar_t* path, const wchar_t* fileName, DWORD bufferLength, wchar_t* buffer)
+{
+    CStdStr<wchar_t> found;
+    if (!findDirectory(path, fileName, found) || found.size() < shortestDirectory)
+    {
+        return 0;
+    }
+    if (found.back() != L'/')
+    {
+        found += L'/';
+    }
+    found += fileName;
+    if (bufferLength > found.size())
+    {
+        std::wmemcpy(buffer, found.data(), found.size());
+    }
+    return static_cast<DWORD>(found.size());
 }
 
 } // namespace
 
 bool getCurProcessFilePath(CStdStr<wchar_t>& path)
 {
-    std::array<char, programPathSize> link;
-    const ssize_t length = readlink("/proc/self/exe", link.data(), link.size());
-    if (length < 1 || static_cast<std::size_t>(length) >= link.size())
-    {
-        return false;
-    }
-    link[static_cast<std::size_t>(length)] = '\0';
-    std::array<wchar_t, programPathSize> wide;
-    kest::widenTerminated(wide.data(), link.data(), wide.size());
-    path = wide.data();
-    return !path.empty();
+    return kest::answerWithoutMemory(false, [&] { return readProgramPath(path); });
 }
 
 bool getCurProcessDirPath(CStdStr<wchar_t>& dir)
 {
-    CStdStr<wchar_t> path;
-    if (!getCurProcessFilePath(path))
-    {
-        return false;
-    }
-    const std::size_t separator = path.rfind(L'/');
-    if (separator == std::wstring::npos)
-    {
-        return false;
-    }
-    dir.assign(path, 0, separator + 1);
-    return true;
+    return kest::answerWithoutMemory(false, [&] { return readProgramDirectory(dir); });
 }
 
 bool getEnvPATH(std::vector<CStdStr<wchar_t>>& dirs)
 {
-    std::array<wchar_t, environmentSize> value = {};
-    if (GetEnvironmentVariableW(L"PATH", value.data(), environmentSize - 1) == 0)
-    {
-        return false;
-    }
-    dirs.clear();
-    std::array<wchar_t, longestEntry + 2> entry = {};
-    std::size_t length = 0;
-    for (const wchar_t character : value)
-    {
-        if (character == L'\n')
-        {
-            continue;
-        }
-        if (character != L':' && character != L'\0')
-        {
-            if (length == longestEntry)
-            {
-                return false;
-            }
-            entry[length++] = character;
-            continue;
-        }
-        PathAddBackslashW(entry.data());
-        dirs.emplace_back(entry.data());
-        if (character == L'\0')
-        {
-            return true;
-        }
-        entry.fill(L'\0');
-        length = 0;
-    }
-    return false;
+    return kest::answerWithoutMemory(false, [&] { return listPathDirectories(dirs); });
 }
 
 bool findFile(const wchar_t* dir, const wchar_t* name)
@@ -177,28 +214,19 @@ bool findFile(const wchar_t* dir, const wchar_t* name)
 
 BOOL PathFileExistsW(const wchar_t* path)
 {
-    std::wstring actualPath;
-    return kest::forward(&IPlatformServices::fileSystemService, &IFileSystemService::PathFileExistsW, path, actualPath);
+    return kest::answerWithoutMemory(0,
+                                     [path]
+                                     {
+                                         std::wstring actualPath;
+                                         return kest::forward(&IPlatformServices::fileSystemService,
+                                                              &IFileSystemService::PathFileExistsW, path, actualPath);
+                                     });
 }
 
 DWORD SearchPathW(const wchar_t* path, const wchar_t* fileName, const wchar_t*, DWORD bufferLength, wchar_t* buffer,
                   wchar_t**)
 {
-    CStdStr<wchar_t> found;
-    if (!findDirectory(path, fileName, found) || found.size() < shortestDirectory)
-    {
-        return 0;
-    }
-    if (found.back() != L'/')
-    {
-        found += L'/';
-    }
-    found += fileName;
-    if (bufferLength > found.size())
-    {
-        std::wmemcpy(buffer, found.data(), found.size());
-    }
-    return static_cast<DWORD>(found.size());
+    return kest::answerWithoutMemory(DWORD{0}, [=] { return search(path, fileName, bufferLength, buffer); });
 }
 
 KEST_SECOND_NAME(bool plainGetCurProcessFilePath(CStdStr<wchar_t>&), "_Z21getCurProcessFilePathR7CStdStrIwE",

@@ -3,6 +3,7 @@
 #include "support/checked_entry_points.h"
 #include "support/forwarding.h"
 #include "support/locale.h"
+#include "support/out_of_memory.h"
 #include "support/text.h"
 
 #include <algorithm>
@@ -108,9 +109,14 @@ DWORD GetTempPathW(DWORD size, wchar_t* buffer)
 
 UINT GetTempFileNameA(const char* directory, const char* prefix, UINT unique, char* out)
 {
-    const std::string name = printed(directory) + printed(prefix) + varyingPart(unique) + ".tmp";
-    store(out, name);
-    return static_cast<UINT>(std::max(static_cast<int>(name.size()), 0));
+    return kest::answerWithoutMemory(0U,
+                                     [=]
+                                     {
+                                         const std::string name =
+                                             printed(directory) + printed(prefix) + varyingPart(unique) + ".tmp";
+                                         store(out, name);
+                                         return static_cast<UINT>(std::max(static_cast<int>(name.size()), 0));
+                                     });
 }
 
 UINT GetTempFileNameW(const wchar_t* directory, const wchar_t* prefix, UINT unique, wchar_t* out)
@@ -119,18 +125,25 @@ UINT GetTempFileNameW(const wchar_t* directory, const wchar_t* prefix, UINT uniq
     {
         return 0;
     }
-    std::wstring name = printed(directory);
-    if (directory == nullptr || !name.ends_with(L'/'))
+    const UINT length = kest::answerWithoutMemory(0U,
+                                                  [=]
+                                                  {
+                                                      std::wstring name = printed(directory);
+                                                      if (directory == nullptr || !name.ends_with(L'/'))
+                                                      {
+                                                          name += L'/';
+                                                      }
+                                                      name += printed(prefix);
+                                                      const std::string part = varyingPart(unique);
+                                                      name.append(part.begin(), part.end()).append(L".tmp");
+                                                      store(out, name);
+                                                      return static_cast<UINT>(name.size());
+                                                  });
+    if (length > 0)
     {
-        name += L'/';
+        kest::setCharacterTypeToUtf8();
+        // The descriptor stays open.
+        creat(kest::NarrowText(out).c_str(), fileMode);
     }
-    name += printed(prefix);
-    const std::string part = varyingPart(unique);
-    name.append(part.begin(), part.end()).append(L".tmp");
-    store(out, name);
-
-    kest::setCharacterTypeToUtf8();
-    // The descriptor stays open.
-    creat(kest::NarrowText(out).c_str(), fileMode);
-    return static_cast<UINT>(name.size());
+    return length;
 }

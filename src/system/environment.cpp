@@ -1,9 +1,12 @@
 #include "kest/kernel/environment.h"
 
 #include "support/forwarding.h"
+#include "support/last_error.h"
+#include "support/out_of_memory.h"
 #include "support/text.h"
 #include "system/shell_command.h"
 
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -30,6 +33,36 @@ DWORD copyIfItFits(const wchar_t* text, std::size_t length, wchar_t* out, DWORD 
     return static_cast<DWORD>(length);
 }
 
+// Reads a line as fgets does, except that a signal that interrupts the reading loses nothing of it. Empty when there is
+// none or it cannot be read.
+void readLine(std::FILE* stream, char* line, std::size_t size)
+{
+    const kest::KeptLastError kept;
+    std::size_t length = 0;
+    while (length < size - 1 && (length == 0 || line[length - 1] != '\n'))
+    {
+        const int character = std::getc(stream);
+        if (character != EOF)
+        {
+            line[length++] = static_cast<char>(character);
+        }
+        else if (std::ferror(stream) == 0)
+        {
+            break;
+        }
+        else if (errno == EINTR)
+        {
+            std::clearerr(stream);
+        }
+        else
+        {
+            length = 0;
+            break;
+        }
+    }
+    line[length] = '\0';
+}
+
 } // namespace
 
 DWORD GetEnvironmentVariableW(const wchar_t* name, wchar_t* out, DWORD)
@@ -42,10 +75,7 @@ DWORD GetEnvironmentVariableW(const wchar_t* name, wchar_t* out, DWORD)
         return 0;
     }
     char line[scratchSize];
-    if (std::fgets(line, sizeof line, pipe) == nullptr)
-    {
-        line[0] = '\0';
-    }
+    readLine(pipe, line, sizeof line);
     kest::widenTerminated(out, line, scratchSize);
     pclose(pipe);
     return 1;
@@ -73,9 +103,14 @@ DWORD ExpandEnvironmentStringsW(const wchar_t* src, wchar_t* out, DWORD size)
     {
         return copyIfItFits(src, std::wcslen(src), out, size);
     }
-    const std::wstring expanded =
-        kest::forward(&IPlatformServices::systemService, &ISystemService::ExpandEnvironmentStringsW, std::wstring(src));
-    return copyIfItFits(expanded.data(), expanded.size(), out, size);
+    return kest::answerWithoutMemory(DWORD{0},
+                                     [=]
+                                     {
+                                         const std::wstring expanded = kest::forward(
+                                             &IPlatformServices::systemService,
+                                             &ISystemService::ExpandEnvironmentStringsW, std::wstring(src));
+                                         return copyIfItFits(expanded.data(), expanded.size(), out, size);
+                                     });
 }
 
 DWORD GetCurrentDirectoryW(DWORD size, wchar_t* out)

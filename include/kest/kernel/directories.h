@@ -28,7 +28,8 @@ KEST_API BOOL DeleteFileW(const wchar_t* path);
 
 /**
  * Copies the content of a file byte for byte. A file that is missing is made with the mode of a new file, an existing
- * one is emptied first and keeps its mode; times and attributes are not copied. Paths are converted whole.
+ * one is emptied first and keeps its mode; times and attributes are not copied. Paths are converted whole; without
+ * memory for that nothing is opened.
  * @param failIfExists  ignored.
  * @return 1, whatever happened.
  * @null neither path may be null.
@@ -95,7 +96,7 @@ KEST_API DWORD GetTempPathW(DWORD size, wchar_t* buffer);
  *                   the process. 0 asks for letters and digits of a name that does not exist in the current directory;
  *                   they are left out when that directory cannot be searched.
  * @param out        receives the name; must have room. May be directory or prefix.
- * @return the name's length in bytes, or 0 when that does not fit 31 bits.
+ * @return the name's length in bytes, or 0 when that does not fit 31 bits; 0 with nothing written without memory.
  * @null out must not be null.
  * @kind local
  * @differs{GetTempFileNameA.AddsNoSeparator} The directory's last character is not looked at.
@@ -115,7 +116,7 @@ KEST_API UINT GetTempFileNameA(const char* directory, const char* prefix, UINT u
  * @param prefix     likewise.
  * @param unique     as for GetTempFileNameA.
  * @param out        receives the name; must have room. May be directory or prefix.
- * @return the name's length in characters.
+ * @return the name's length in characters; 0 with nothing written or made without memory.
  * @null out: answers 0 and does nothing.
  * @kind local
  * @differs{GetTempFileNameW.MakesTheFileForEveryNumber} Windows makes it for unique 0 only.
@@ -170,7 +171,7 @@ KEST_C_END
  * removed, one that leads to a directory loses that directory's content and stays itself, as does one that leads
  * nowhere. What is neither file nor directory stays, with "unknow file type!" printed by perror(). So does what lies
  * under a path of more than 4095 bytes. A directory's content is removed once, through however many links it can be
- * reached.
+ * reached. What there is no memory to look at stays.
  * @param path  in the process's multibyte encoding.
  * @return 0, also when nothing could be removed; -1, with "get directory stat error" printed by perror(), when the path
  * exists and cannot be queried.

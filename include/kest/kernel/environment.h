@@ -158,7 +158,8 @@ KEST_API BOOL SetEnvironmentVariableW(const wchar_t* name, const wchar_t* value)
  * @param src   the text.
  * @param out   receives the expanded text and its terminator if size is larger than its length; else left as it is.
  * @param size  of out, in characters.
- * @return the length of the expanded text, in characters, without the terminator.
+ * @return the length of the expanded text, in characters, without the terminator; 0 without memory for it, also when
+ * the service lets std::bad_alloc out.
  * @lasterror left as it is.
  * @null src: answers 0; out: the length is answered all the same.
  * @kind local

@@ -11,6 +11,11 @@
  * load and free modules itself. An entry point is looked up as every symbol is, in the module and then in what it
  * is linked against.
  *
+ * Without memory for a name, LoadLibraryW, LoadLibraryExW, LoadLibraryA, GetModuleHandleW, GetModuleHandleExW,
+ * SetDllDirectoryW and ToPlatformModuleName let std::bad_alloc out, C linkage or not. Nothing has been loaded, counted
+ * or changed then, except that LoadLibraryA has shortened its argument. When it is the loader that finds no memory, a
+ * load fails.
+ *
  * The tables are unguarded: the caller serialises loading and freeing. At process exit they are destroyed; no
  * DllMain is called and nothing is unloaded then.
  */

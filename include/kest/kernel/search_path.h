@@ -22,7 +22,7 @@ KEST_C_BEGIN
  * @param bufferLength  characters in buffer.
  * @param buffer        receives the path, without a terminator: whoever reads it as text has zeroed it beforehand.
  * @param filePart      never written.
- * @return the path's length in characters; 0 when nothing is found. When bufferLength is not greater than the result,
+ * @return the path's length in characters; 0 when nothing is found and without memory. When bufferLength is not greater than the result,
  * nothing is written.
  * @null fileName must not be null; buffer may be null when bufferLength is 0.
  * @kind local
@@ -68,8 +68,8 @@ KEST_API bool getCurProcessDirPath(CStdStr<wchar_t>& dir);
  * installed). PATH is what a shell prints for it, a line of at most 4095 bytes. Empty entries stay, as what
  * PathAddBackslashW makes of them; so do entries that come twice.
  * @param dirs  receives the directories; as it was when no shell can be started.
- * @return true; false when no shell can be started, and at an entry of more than 1023 characters, which together with
- * everything behind it is missing then.
+ * @return true; false when no shell can be started, and at an entry of more than 1023 characters or one that there is
+ * no memory for, which together with everything behind it is missing then.
  * @kind local
  */
 KEST_API bool getEnvPATH(std::vector<CStdStr<wchar_t>>& dirs);

@@ -1,0 +1,68 @@
+// Allocations that fail, one after the other, and what a function makes of it. The program's own malloc and its
+// relatives stand in front of the C library's; the shared libraries in the process use them too.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace kest::test
+{
+
+// While this lives, allocations of this thread fail.
+class FailingAllocation
+{
+public:
+    enum class Extent
+    {
+        thisOne,
+        thisOneAndAllBehindIt
+    };
+
+    // Counted from 1.
+    FailingAllocation(long number, Extent extent);
+    ~FailingAllocation();
+    FailingAllocation(const FailingAllocation&) = delete;
+    FailingAllocation& operator=(const FailingAllocation&) = delete;
+
+    // Whether it came so far.
+    bool reached() const;
+};
+
+// Blocks that the process holds.
+long liveBlocks();
+
+// A call, and what must hold when an allocation in it fails: either it succeeds all the same, or it answers its
+// failure and nothing has happened.
+struct AllocatingCall
+{
+    std::string name;
+    // The function alone, its result as a number.
+    std::function<long()> call;
+    long success;
+    // What it answers without memory; nothing: std::bad_alloc comes out of it.
+    std::optional<long> failure;
+    // std::bad_alloc may come out of it as well, where its failure is that of the loader.
+    bool mayThrow = false;
+    // Whether the state is that of success, or that of failure.
+    std::function<void(bool succeeded)> check = [](bool) {};
+    // Around each call; after the second the process holds the blocks and descriptors that it held before the first.
+    std::function<void()> prepare = [] {};
+    std::function<void()> release = [] {};
+};
+
+// Lets the first allocation of the call fail, then the second, and so on until none fails any more; each alone, and
+// with all behind it.
+void expectEveryFailureHandled(const AllocatingCall& row);
+
+// Likewise for each row of a table.
+template <class Rows>
+void expectEveryFailureHandled(const Rows& rows)
+{
+    for (const AllocatingCall& row : rows)
+    {
+        expectEveryFailureHandled(row);
+    }
+}
+
+} // namespace kest::test

@@ -1,0 +1,367 @@
+// The C runtime, the environment, profiles and memory blocks without memory.
+#include "faults/allocation_faults.h"
+#include "harness/scoped_variable.h"
+#include "harness/scratch_folder.h"
+#include "harness/sentinel_buffer.h"
+#include "harness/stub_services.h"
+#include "kest/crt.h"
+#include "kest/kernel/environment.h"
+#include "kest/kernel/memory.h"
+#include "kest/kernel/profiles.h"
+#include "kest/user_interface/strings.h"
+
+#include <cerrno>
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <cwchar>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <string>
+#include <sys/stat.h>
+#include <vector>
+
+namespace
+{
+
+using namespace kest::test;
+namespace fs = std::filesystem;
+
+using WideBuffer = SentinelBuffer<wchar_t, 9000>;
+
+class CrtAllocations : public testing::Test
+{
+protected:
+    ScratchFolder folder;
+    WideBuffer wide;
+    std::FILE* stream = nullptr;
+    void* block = nullptr;
+
+    void clear() { wide = WideBuffer(); }
+    void expectWide(const std::wstring& written)
+    {
+        EXPECT_TRUE(wide.contents() == WideBuffer::startingWith(written)) << testing::PrintToString(wide.data());
+    }
+    void closeStream()
+    {
+        EXPECT_TRUE(stream == nullptr || std::fclose(stream) == 0);
+        stream = nullptr;
+    }
+    void freeBlock()
+    {
+        std::free(block);
+        block = nullptr;
+    }
+};
+
+TEST_F(CrtAllocations, OpenNoStreams)
+{
+    folder.write("file", "content");
+    const auto close = [this] { closeStream(); };
+    const auto keepsContent = [this](bool) { EXPECT_EQ(folder.read("file"), "content"); };
+    expectEveryFailureHandled(std::vector<AllocatingCall>{
+        {.name = "_wfopen",
+         .call = [this]
+         { return (stream = _wfopen(static_cast<const wchar_t*>(L"file"), L"r+")) != nullptr ? 1L : 0L; },
+         .success = 1,
+         .failure = 0,
+         .check = keepsContent,
+         .release = close},
+        {.name = "_wfopen_s",
+         .call = [this] { return static_cast<long>(_wfopen_s(&stream, L"file", L"r+")); },
+         .success = 0,
+         .failure = ENOMEM,
+         .check = [this](bool succeeded) { EXPECT_EQ(stream != nullptr, succeeded); },
+         .release = close},
+        {.name = "fopen_s, emptying",
+         .call = [this] { return static_cast<long>(fopen_s(&stream, "file", "w")); },
+         .success = 0,
+         .failure = ENOMEM,
+         .check = [this](bool succeeded) { EXPECT_EQ(folder.read("file"), succeeded ? "" : "content"); },
+         .prepare = [this] { folder.write("file", "content"); },
+         .release = close},
+    });
+}
+
+TEST_F(CrtAllocations, TouchNoFiles)
+{
+    struct stat status;
+    const auto writeFile = [this] { folder.write("file", "content"); };
+    expectEveryFailureHandled(std::vector<AllocatingCall>{
+        {.name = "_wremove",
+         .call = [] { return static_cast<long>(_wremove(L"file")); },
+         .success = 0,
+         .failure = -1,
+         .check = [](bool succeeded) { EXPECT_EQ(fs::exists("file"), !succeeded); },
+         .prepare = writeFile},
+        {.name = "_waccess",
+         .call = [] { return static_cast<long>(_waccess(L"file", 0)); },
+         .success = 0,
+         .failure = -1,
+         .prepare = writeFile},
+        {.name = "_wstat",
+         .call = [&status] { return static_cast<long>(_wstat(L"file", &status)); },
+         .success = 0,
+         .failure = -1,
+         .prepare = writeFile},
+    });
+}
+
+TEST_F(CrtAllocations, AnswerNoFoldersTheyCannotHold)
+{
+    const std::wstring here = folder.path().wstring();
+    const auto resolved = here + std::wstring(100 - here.size(), L'\0');
+    expectEveryFailureHandled(std::vector<AllocatingCall>{
+        {.name = "_wgetcwd, allocating",
+         .call = [this] { return (block = _wgetcwd(nullptr, 0)) != nullptr ? 1L : 0L; },
+         .success = 1,
+         .failure = 0,
+         .release = [this] { freeBlock(); }},
+        {.name = "_wgetcwd",
+         .call = [this] { return _wgetcwd(wide.data(), 4096) == wide.data() ? 1L : 0L; },
+         .success = 1,
+         .failure = 0,
+         .check = [&](bool succeeded) { expectWide(succeeded ? here + L'\0' : std::wstring()); },
+         .prepare = [this] { clear(); }},
+        {.name = "GetCurrentDirectoryW",
+         .call = [this] { return static_cast<long>(GetCurrentDirectoryW(4096, wide.data())); },
+         .success = static_cast<long>(here.size()),
+         .failure = 0,
+         .check = [&](bool succeeded) { expectWide(succeeded ? here + L'\0' : std::wstring()); },
+         .prepare = [this] { clear(); }},
+        // The buffer is always handed back; without memory nothing has been found.
+        {.name = "_wfullpath",
+         .call = [this]
+         { return _wfullpath(wide.data(), L".", 100) == wide.data() && *wide.data() != L'\0' ? 1L : 0L; },
+         .success = 1,
+         .failure = 0,
+         .check = [&](bool succeeded) { expectWide(succeeded ? resolved : std::wstring(100, L'\0')); },
+         .prepare = [this] { clear(); }},
+    });
+}
+
+// ---- Formatted output ----------------------------------------------------------------------------------------------
+
+int countWide(const wchar_t* format, ...)
+{
+    std::va_list arguments;
+    va_start(arguments, format);
+    const int result = _vscwprintf(format, arguments);
+    va_end(arguments);
+    return result;
+}
+
+int writeWide(wchar_t* buffer, std::size_t size, const wchar_t* format, ...)
+{
+    std::va_list arguments;
+    va_start(arguments, format);
+    const int result = vswprintf_s(buffer, size, format, arguments);
+    va_end(arguments);
+    return result;
+}
+
+TEST_F(CrtAllocations, FormatWholeTextsOrNone)
+{
+    const std::wstring text(2000, L't');
+    const std::wstring format = std::wstring(500, L'f') + L"%s";
+    const std::wstring whole = std::wstring(500, L'f') + text;
+    const auto check = [&](bool succeeded) { expectWide(succeeded ? whole + L'\0' : std::wstring()); };
+    const auto prepare = [this] { clear(); };
+    const auto close = [this] { closeStream(); };
+    expectEveryFailureHandled(std::vector<AllocatingCall>{
+        {.name = "_vscwprintf",
+         .call = [&] { return static_cast<long>(countWide(format.c_str(), text.c_str())); },
+         .success = 2501,
+         .failure = -1},
+        {.name = "wsprintfW",
+         .call = [&] { return static_cast<long>(wsprintfW(wide.data(), format.c_str(), text.c_str())); },
+         .success = 2500,
+         .failure = -1,
+         .check = check,
+         .prepare = prepare},
+        {.name = "vswprintf_s",
+         .call = [&] { return static_cast<long>(writeWide(wide.data(), 3000, format.c_str(), text.c_str())); },
+         .success = 2500,
+         .failure = -1,
+         .check = check,
+         .prepare = prepare},
+        {.name = "_tarswprintf",
+         .call = [&] { return static_cast<long>(_tarswprintf(wide.data(), 3000, format.c_str(), text.c_str())); },
+         .success = 2500,
+         .failure = -1,
+         .check = check,
+         .prepare = prepare},
+        {.name = "_tarfwprintf",
+         .call = [&] { return static_cast<long>(_tarfwprintf(stream, format.c_str(), text.c_str())); },
+         .success = 2500,
+         .failure = -1,
+         .prepare =
+             [this]
+         {
+             stream = std::fopen("out", "w");
+             // The stream's own blocks, which it asks for only once.
+             std::fwide(stream, 1);
+             std::fputwc(L'-', stream);
+         },
+         .release = close},
+    });
+}
+
+TEST_F(CrtAllocations, ReadLongNumbersAsZero)
+{
+    const std::wstring number = std::wstring(100, L' ') + L"42";
+    expectEveryFailureHandled(AllocatingCall{.name = "_wtoi",
+                                             .call = [&number] { return static_cast<long>(_wtoi(number.c_str())); },
+                                             .success = 42,
+                                             .failure = 0});
+}
+
+// ---- The environment -----------------------------------------------------------------------------------------------
+
+// Expands every text to a long one.
+class ExpandingSystem final : public StubSystemService
+{
+public:
+    std::wstring ExpandEnvironmentStringsW(const std::wstring& text) override { return text + text; }
+};
+
+TEST_F(CrtAllocations, LeaveTheEnvironmentAlone)
+{
+    const ScopedVariable variable("KEST_TEST_VARIABLE", "a value that is long enough for a block of its own");
+    const std::wstring value = L"a value that is long enough for a block of its own";
+    ExpandingSystem system;
+    StubHub hub;
+    hub.system = &system;
+    const InstalledHub installed(&hub);
+    const auto prepare = [this] { clear(); };
+    expectEveryFailureHandled(std::vector<AllocatingCall>{
+        {.name = "_wgetenv",
+         .call = [this] { return (block = _wgetenv(L"KEST_TEST_VARIABLE")) != nullptr ? 1L : 0L; },
+         .success = 1,
+         .failure = 0,
+         .release = [this] { freeBlock(); }},
+        {.name = "GetEnvironmentVariableW",
+         .call = [this] { return static_cast<long>(GetEnvironmentVariableW(L"KEST_TEST_VARIABLE", wide.data(), 0)); },
+         .success = 1,
+         .failure = 0,
+         .check = [&](bool succeeded) { expectWide(succeeded ? value + L"\n" + L'\0' : std::wstring()); },
+         .prepare = prepare},
+        {.name = "ExpandEnvironmentStringsW",
+         .call = [&] { return static_cast<long>(ExpandEnvironmentStringsW(value.c_str(), wide.data(), 9000)); },
+         .success = 2 * static_cast<long>(value.size()),
+         .failure = 0,
+         .check = [&](bool succeeded) { expectWide(succeeded ? value + value + L'\0' : std::wstring()); },
+         .prepare = prepare},
+    });
+}
+
+TEST_F(CrtAllocations, KeepNothingOfAVariableThatCannotBeSet)
+{
+    // What the environment keeps of one that could is named: it stays for good.
+    for (long number = 1;; ++number)
+    {
+        const std::wstring text = L"KEST_TEST_PUT_" + std::to_wstring(number) + L"=value";
+        const std::string name = "KEST_TEST_PUT_" + std::to_string(number);
+        const long before = liveBlocks();
+        int result = 0;
+        bool reached = false;
+        {
+            const FailingAllocation failing(number, FailingAllocation::Extent::thisOne);
+            result = _wputenv(text.c_str());
+            reached = failing.reached();
+        }
+        if (result == 0)
+        {
+            EXPECT_STREQ(std::getenv(name.c_str()), "value");
+            EXPECT_GT(number, 1);
+            unsetenv(name.c_str());
+            break;
+        }
+        EXPECT_TRUE(reached);
+        EXPECT_EQ(liveBlocks(), before);
+        EXPECT_EQ(std::getenv(name.c_str()), nullptr);
+    }
+}
+
+// ---- Profiles ------------------------------------------------------------------------------------------------------
+
+TEST_F(CrtAllocations, ReadProfilesWholeOrEmpty)
+{
+    folder.write("settings.ini", "[section]\nkey = a value\n");
+    char section[] = "section";
+    char key[] = "key";
+    char otherwise[] = "default";
+    char file[] = "settings.ini";
+    SentinelBuffer<char, 64> narrow;
+    expectEveryFailureHandled(std::vector<AllocatingCall>{
+        {.name = "read_profile_string",
+         .call = [&]
+         { return static_cast<long>(read_profile_string(section, key, otherwise, narrow.data(), 64, file)); },
+         .success = 7,
+         .failure = 0,
+         .check = [&](bool succeeded)
+         { EXPECT_EQ(std::strcmp(narrow.data(), succeeded ? "a value" : ""), 0) << narrow.data(); }},
+        {.name = "GetPrivateProfileStringW",
+         .call =
+             [&]
+         {
+             return static_cast<long>(
+                 GetPrivateProfileStringW(L"section", L"key", L"default", wide.data(), 64, L"settings.ini"));
+         },
+         .success = 7,
+         .failure = 0,
+         .check = [&](bool succeeded)
+         { expectWide(succeeded ? std::wstring(L"a value\0", 8) : std::wstring(1, L'\0')); },
+         .prepare = [this] { clear(); }},
+    });
+}
+
+// ---- Identity and memory -------------------------------------------------------------------------------------------
+
+TEST_F(CrtAllocations, AnswerNoUser)
+{
+    DWORD size = 0;
+    expectEveryFailureHandled(
+        AllocatingCall{.name = "GetUserNameW",
+                       .call = [&] { return static_cast<long>(GetUserNameW(wide.data(), &size)); },
+                       .success = 1,
+                       .failure = 0,
+                       .check = [&](bool succeeded) { EXPECT_EQ(size != 0, succeeded); },
+                       .prepare = [&] { size = 0; }});
+}
+
+TEST_F(CrtAllocations, AnswerNoBlocksAndKeepTheOldOnes)
+{
+    HGLOBAL old = nullptr;
+    const auto allocate = [this, &old]
+    {
+        block = nullptr;
+        old = GlobalAlloc(GMEM_FIXED, 100);
+    };
+    expectEveryFailureHandled(std::vector<AllocatingCall>{
+        {.name = "GlobalAlloc",
+         .call = [this] { return (block = GlobalAlloc(GMEM_FIXED, 100)) != nullptr ? 1L : 0L; },
+         .success = 1,
+         .failure = 0,
+         .release = [this] { freeBlock(); }},
+        {.name = "HeapAlloc",
+         .call = [this] { return (block = HeapAlloc(GetProcessHeap(), 0, 100)) != nullptr ? 1L : 0L; },
+         .success = 1,
+         .failure = 0,
+         .release = [this] { freeBlock(); }},
+        {.name = "GlobalReAlloc",
+         .call = [this, &old] { return (block = GlobalReAlloc(old, 5000, GMEM_MOVEABLE)) != nullptr ? 1L : 0L; },
+         .success = 1,
+         .failure = 0,
+         .prepare = allocate,
+         .release =
+             [this, &old]
+         {
+             GlobalFree(block != nullptr ? block : old);
+             block = nullptr;
+         }},
+    });
+}
+
+} // namespace

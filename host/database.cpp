@@ -1,5 +1,7 @@
 #include "database.h"
 
+#include <cerrno>
+
 namespace kest::host
 {
 
@@ -14,7 +16,11 @@ void Database::check(int code) const
 {
     if (code != SQLITE_OK && code != SQLITE_ROW && code != SQLITE_DONE)
     {
-        throw DatabaseError(code, connection_ == nullptr ? sqlite3_errstr(code) : sqlite3_errmsg(connection_));
+        // SQLite does not tell a file that it may not open from one that it cannot.
+        const int systemError = connection_ == nullptr ? 0 : sqlite3_system_errno(connection_);
+        const bool denied = (code & 0xFF) == SQLITE_CANTOPEN && (systemError == EACCES || systemError == EROFS);
+        throw DatabaseError(denied ? SQLITE_PERM : code,
+                            connection_ == nullptr ? sqlite3_errstr(code) : sqlite3_errmsg(connection_));
     }
 }
 
@@ -87,6 +93,14 @@ std::span<const unsigned char> Statement::data(int column) const
     return {data, static_cast<std::size_t>(sqlite3_column_bytes(statement_, column))};
 }
 
+Transaction::Transaction(Database& database) : database_(database), open_(!database.inTransaction())
+{
+    if (open_)
+    {
+        database_.execute("BEGIN IMMEDIATE");
+    }
+}
+
 Transaction::~Transaction()
 {
     if (open_)
@@ -104,8 +118,11 @@ Transaction::~Transaction()
 
 void Transaction::commit()
 {
-    database_.execute("COMMIT");
-    open_ = false;
+    if (open_)
+    {
+        database_.execute("COMMIT");
+        open_ = false;
+    }
 }
 
 } // namespace kest::host

@@ -37,6 +37,7 @@ public:
     bool isOpen() const { return connection_ != nullptr; }
 
     void execute(const char* sql);
+    bool inTransaction() const { return sqlite3_get_autocommit(connection_) == 0; }
     std::int64_t lastInsertedRow() const { return sqlite3_last_insert_rowid(connection_); }
     // Changes whenever this connection or, after its next read, another one has changed the database.
     std::int64_t ownChanges() const { return sqlite3_total_changes64(connection_); }
@@ -105,11 +106,11 @@ private:
     Statement& statement_;
 };
 
-// A write transaction: taken at once, rolled back unless committed.
+// A write transaction: taken at once, rolled back unless committed. Within another it is a part of that one.
 class Transaction
 {
 public:
-    explicit Transaction(Database& database) : database_(database) { database_.execute("BEGIN IMMEDIATE"); }
+    explicit Transaction(Database& database);
     ~Transaction();
     Transaction(const Transaction&) = delete;
     Transaction& operator=(const Transaction&) = delete;
@@ -118,7 +119,7 @@ public:
 
 private:
     Database& database_;
-    bool open_ = true;
+    bool open_;
 };
 
 } // namespace kest::host

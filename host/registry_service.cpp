@@ -1,12 +1,11 @@
 #include "kest/host/registry_service.h"
 
-#include "folders.h"
 #include "kest/registry.h"
+#include "registry_roots.h"
 #include "registry_store.h"
 #include "text.h"
 #include "windows_errors.h"
 
-#include <cstdlib>
 #include <cstring>
 #include <cwchar>
 #include <limits>
@@ -26,9 +25,6 @@ constexpr REGSAM genericExecute = 0x20000000;
 constexpr REGSAM genericWrite = 0x40000000;
 constexpr REGSAM genericRead = 0x80000000;
 
-constexpr std::size_t longestKeyName = 255;
-constexpr std::size_t longestValueName = 16'383;
-
 LONG windowsError(const DatabaseError& error)
 {
     switch (error.code())
@@ -43,6 +39,7 @@ LONG windowsError(const DatabaseError& error)
     case SQLITE_LOCKED:
         return errorBusy;
     case SQLITE_NOTADB:
+    case SQLITE_ERROR: // the tables are not ours
         return ERROR_BADDB;
     case SQLITE_CORRUPT:
         return errorRegistryCorrupt;
@@ -65,23 +62,14 @@ REGSAM granted(REGSAM wish)
     return rights;
 }
 
-// A path below a key: it may end in a backslash, must not begin with one, and its names are bounded.
+// A path below a key: it may end in a backslash, must not begin with one, and its names are Windows's.
 LONG checkSubPath(std::wstring_view path)
 {
     if (path.starts_with(L'\\'))
     {
         return ERROR_BAD_PATHNAME;
     }
-    while (!path.empty())
-    {
-        const std::size_t length = std::min(path.find(L'\\'), path.size());
-        if (length > longestKeyName)
-        {
-            return ERROR_INVALID_PARAMETER;
-        }
-        path.remove_prefix(std::min(length + 1, path.size()));
-    }
-    return ERROR_SUCCESS;
+    return isKeyPath(path) ? ERROR_SUCCESS : ERROR_INVALID_PARAMETER;
 }
 
 // Stores a text and its terminator, if there is room, and its length in characters in any case but a null one.
@@ -168,15 +156,10 @@ struct RegistryService::Store
 {
     explicit Store(std::string file) : registry(std::move(file))
     {
-        const auto addPredefined = [this](HKEY handle, std::int64_t id, const char* path) {
-            keys[handle] = std::make_unique<OpenKey>(OpenKey{handle, {id, path}, KEY_ALL_ACCESS, {}, {}});
-        };
-        addPredefined(HKEY_LOCAL_MACHINE, localMachine, "HKEY_LOCAL_MACHINE");
-        addPredefined(HKEY_CURRENT_USER, currentUser, "HKEY_CURRENT_USER");
-        addPredefined(HKEY_USERS, users, "HKEY_USERS");
-        addPredefined(HKEY_CLASSES_ROOT, localMachineClasses, "HKEY_LOCAL_MACHINE\\SOFTWARE\\CLASSES");
-        addPredefined(HKEY_CURRENT_CONFIG, currentHardwareProfile,
-                      "HKEY_LOCAL_MACHINE\\SYSTEM\\CURRENTCONTROLSET\\HARDWARE PROFILES\\CURRENT");
+        for (const RegistryRoot& root : registryRoots)
+        {
+            keys[root.handle] = std::make_unique<OpenKey>(OpenKey{root.handle, root.place, KEY_ALL_ACCESS, {}, {}});
+        }
     }
 
     // Runs an operation on an open key with the store to itself, and turns what goes wrong into codes.
@@ -236,11 +219,7 @@ RegistryService::~RegistryService() = default;
 
 std::string RegistryService::defaultFile()
 {
-    if (const char* const file = std::getenv("KEST_REGISTRY"); file != nullptr && *file != '\0')
-    {
-        return file;
-    }
-    return baseFolder("XDG_DATA_HOME", ".local/share") + "/kest/registry.db";
+    return defaultRegistryFile();
 }
 
 // ---- Keys ----------------------------------------------------------------------------------------------------------

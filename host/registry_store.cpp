@@ -1,11 +1,13 @@
 #include "registry_store.h"
 
 #include "folders.h"
+#include "kest/registry.h"
 #include "unicode.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
+#include <cstdlib>
 #include <ctime>
 #include <fcntl.h>
 #include <thread>
@@ -39,6 +41,8 @@ CREATE UNIQUE INDEX value_name ON value(key, folded);
 CREATE INDEX value_order ON value(key);
 PRAGMA user_version = 1;
 )";
+constexpr std::int64_t schemaVersion = 1;
+constexpr const char* notOurs = "this is no registry that this version can use";
 
 struct SystemKeyRow
 {
@@ -107,6 +111,10 @@ struct RegistryStore::Statements
                  "INSERT INTO key(parent, path, folded, name, class, written) VALUES(?1, ?2, ?3, ?4, ?5, ?6)"),
           hasChildren(database, "SELECT 1 FROM key WHERE parent = ?1 LIMIT 1"),
           removeKey(database, "DELETE FROM key WHERE id = ?1 RETURNING parent"),
+          // The paths below a key are those between it with a backslash and it with the next character behind that.
+          isRequired(database, "SELECT 1 FROM key WHERE id <= ?3 AND (path = ?1 OR (path > ?1 || '\\' AND path < ?2))"),
+          removeBelow(database, "DELETE FROM key WHERE path > ?1 || '\\' AND path < ?2"),
+          nameOf(database, "SELECT name, parent FROM key WHERE id = ?1"),
           touch(database, "UPDATE key SET written = ?2 WHERE id = ?1"),
           childAt(database, "SELECT name, class, written, folded FROM key WHERE parent = ?1 "
                             "ORDER BY folded LIMIT 1 OFFSET ?2"),
@@ -126,7 +134,8 @@ struct RegistryStore::Statements
                               "ORDER BY id LIMIT 1 OFFSET ?3"),
           writeValue(database, "INSERT INTO value(key, folded, name, type, data) VALUES(?1, ?2, ?3, ?4, ?5) "
                                "ON CONFLICT(key, folded) DO UPDATE SET type = excluded.type, data = excluded.data"),
-          removeValue(database, "DELETE FROM value WHERE key = ?1 AND folded = ?2 RETURNING id")
+          removeValue(database, "DELETE FROM value WHERE key = ?1 AND folded = ?2 RETURNING id"),
+          removeValues(database, "DELETE FROM value WHERE key = ?1")
     {
     }
 
@@ -136,6 +145,9 @@ struct RegistryStore::Statements
     Statement addKey;
     Statement hasChildren;
     Statement removeKey;
+    Statement isRequired;
+    Statement removeBelow;
+    Statement nameOf;
     Statement touch;
     Statement childAt;
     Statement childFrom;
@@ -145,7 +157,35 @@ struct RegistryStore::Statements
     Statement valueFrom;
     Statement writeValue;
     Statement removeValue;
+    Statement removeValues;
 };
+
+bool isKeyPath(std::wstring_view path)
+{
+    for (std::wstring_view name = takeComponent(path); !name.empty(); name = takeComponent(path))
+    {
+        const auto printable = [](wchar_t character) { return static_cast<std::uint32_t>(character) >= 0x20; };
+        if (name.size() > longestKeyName || !std::all_of(name.begin(), name.end(), printable))
+        {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool isRegistryText(std::uint32_t type)
+{
+    return type == REG_SZ || type == REG_EXPAND_SZ || type == REG_LINK || type == REG_MULTI_SZ;
+}
+
+std::string defaultRegistryFile()
+{
+    if (const char* const file = std::getenv("KEST_REGISTRY"); file != nullptr && *file != '\0')
+    {
+        return file;
+    }
+    return baseFolder("XDG_DATA_HOME", ".local/share") + "/kest/registry.db";
+}
 
 RegistryStore::RegistryStore(std::string file) : file_(std::move(file))
 {
@@ -164,6 +204,7 @@ void RegistryStore::open()
     try
     {
         makeSchema();
+        useWriteAheadLog();
         statements_ = std::make_unique<Statements>(database_);
     }
     catch (...)
@@ -188,7 +229,7 @@ void RegistryStore::createFile() const
     ::close(descriptor);
 }
 
-void RegistryStore::makeSchema()
+void RegistryStore::useWriteAheadLog()
 {
     // Several processes may turn a new file into a write-ahead log at once; SQLite then refuses all but one
     // without waiting.
@@ -210,19 +251,36 @@ void RegistryStore::makeSchema()
     }
     database_.execute("PRAGMA synchronous = NORMAL");
     database_.execute("PRAGMA foreign_keys = ON");
+}
 
-    const auto version = [this]
+void RegistryStore::makeSchema()
+{
+    const auto number = [this](const char* query)
     {
-        Statement statement(database_, "PRAGMA user_version");
+        Statement statement(database_, query);
         return statement.step() ? statement.number(0) : 0;
     };
-    if (version() != 0)
+    // Databases of other programs, and those of a later version, are left alone.
+    const auto isReady = [&]
+    {
+        const std::int64_t version = number("PRAGMA user_version");
+        if (version != 0 && version != schemaVersion)
+        {
+            throw DatabaseError(SQLITE_NOTADB, notOurs);
+        }
+        return version == schemaVersion;
+    };
+    if (isReady())
     {
         return;
     }
     Transaction transaction(database_);
-    if (version() == 0)
+    if (!isReady())
     {
+        if (number("SELECT count(*) FROM sqlite_master") != 0)
+        {
+            throw DatabaseError(SQLITE_NOTADB, notOurs);
+        }
         database_.execute(schema);
         Statement add(database_, "INSERT INTO key(id, parent, path, folded, name, class, written) "
                                  "SELECT ?1, nullif(?2, 0), ifnull((SELECT path || '\\' FROM key WHERE id = ?2), '') "
@@ -318,6 +376,41 @@ RegistryStore::Deletion RegistryStore::remove(const KeyPlace& base, std::wstring
     touch(parent);
     transaction.commit();
     return Deletion::done;
+}
+
+RegistryStore::Deletion RegistryStore::removeTree(const KeyPlace& base, std::wstring_view subPath)
+{
+    Transaction transaction(database_);
+    const std::optional<KeyPlace> place = find(base, subPath);
+    if (!place)
+    {
+        return Deletion::notFound;
+    }
+    const std::string behind = place->path + ']';
+    if (Run(statements_->isRequired, place->path, behind, std::int64_t{lastSystemKey}).next())
+    {
+        return Deletion::refused;
+    }
+    Run(statements_->removeBelow, place->path, behind).finish();
+    const Deletion deletion = remove(*place, {});
+    transaction.commit();
+    return deletion;
+}
+
+std::wstring RegistryStore::spelledPath(std::int64_t above, std::int64_t key)
+{
+    std::wstring path;
+    while (key != above)
+    {
+        Run run(statements_->nameOf, key);
+        if (!run.next())
+        {
+            break;
+        }
+        path.insert(0, L'\\' + fromUtf8(run.text(0)));
+        key = run.number(1);
+    }
+    return path;
 }
 
 std::optional<KeyDetails> RegistryStore::child(std::int64_t key, std::uint32_t index, EnumerationPlace& place)
@@ -428,6 +521,21 @@ bool RegistryStore::removeValue(std::int64_t key, std::wstring_view name)
     touch(key);
     transaction.commit();
     return true;
+}
+
+void RegistryStore::removeValues(std::int64_t key)
+{
+    Transaction transaction(database_);
+    Run(statements_->removeValues, key).finish();
+    touch(key);
+    transaction.commit();
+}
+
+void RegistryStore::inTransaction(const std::function<void()>& body)
+{
+    Transaction transaction(database_);
+    body();
+    transaction.commit();
 }
 
 } // namespace kest::host

@@ -26,6 +26,19 @@ enum SystemKey : std::int64_t
     lastSystemKey = 9,
 };
 
+// Windows's limits, in characters.
+constexpr std::size_t longestKeyName = 255;
+constexpr std::size_t longestValueName = 16'383;
+
+// Whether each name on a path below a key is short enough and made of printable characters.
+bool isKeyPath(std::wstring_view path);
+
+// Whether values of a type (REG_*) are text.
+bool isRegistryText(std::uint32_t type);
+
+// $KEST_REGISTRY, else kest/registry.db below $XDG_DATA_HOME or ~/.local/share.
+std::string defaultRegistryFile();
+
 // A key by its number and by its full path: folded names with backslashes between them.
 struct KeyPlace
 {
@@ -95,6 +108,10 @@ public:
         refused,
     };
     Deletion remove(const KeyPlace& base, std::wstring_view subPath);
+    // Removes a key with all that is below it.
+    Deletion removeTree(const KeyPlace& base, std::wstring_view subPath);
+    // The names on the way from a key above to a key, as they are spelled, each with a backslash in front.
+    std::wstring spelledPath(std::int64_t above, std::int64_t key);
     std::optional<KeyDetails> child(std::int64_t key, std::uint32_t index, EnumerationPlace& place);
     std::optional<KeyStatistics> statistics(std::int64_t key);
 
@@ -106,11 +123,16 @@ public:
     // False if the key does not exist any more.
     bool writeValue(std::int64_t key, std::wstring_view name, std::uint32_t type, std::span<const unsigned char> data);
     bool removeValue(std::int64_t key, std::wstring_view name);
+    void removeValues(std::int64_t key);
+
+    // Runs several operations as one: all of them happen, or, if the body throws, none.
+    void inTransaction(const std::function<void()>& body);
 
 private:
     struct Statements;
 
     void createFile() const;
+    void useWriteAheadLog();
     void makeSchema();
     DatabaseStamp stamp();
     void touch(std::int64_t key);

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <cwctype>
 #include <locale.h>
+#include <optional>
 
 namespace kest::host
 {
@@ -44,8 +45,8 @@ void appendUtf8(std::string& text, std::uint32_t code)
     }
 }
 
-// Takes one character off the front of the text; the replacement, one byte long, for a malformed one.
-std::uint32_t takeUtf8(std::string_view& text)
+// Takes one character off the front of the text; nothing, and one byte, where that is malformed.
+std::optional<std::uint32_t> takeUtf8(std::string_view& text)
 {
     const auto byte = [&text](std::size_t index) { return static_cast<unsigned char>(text[index]); };
     const unsigned first = byte(0);
@@ -66,7 +67,7 @@ std::uint32_t takeUtf8(std::string_view& text)
     constexpr std::uint32_t smallest[] = {0, 0, 0x80, 0x800, 0x10000};
     valid = valid && code >= smallest[length] && isCharacter(code);
     text.remove_prefix(valid ? length : 1);
-    return valid ? code : replacement;
+    return valid ? std::optional(code) : std::nullopt;
 }
 
 // The C library's Unicode tables, whatever the program has set; where there are none, ASCII.
@@ -96,9 +97,22 @@ std::wstring fromUtf8(std::string_view text)
     result.reserve(text.size());
     while (!text.empty())
     {
-        result += static_cast<wchar_t>(takeUtf8(text));
+        result += static_cast<wchar_t>(takeUtf8(text).value_or(replacement));
     }
     return result;
+}
+
+std::size_t malformedUtf8(std::string_view text)
+{
+    for (std::string_view rest = text; !rest.empty();)
+    {
+        const std::size_t offset = text.size() - rest.size();
+        if (!takeUtf8(rest))
+        {
+            return offset;
+        }
+    }
+    return text.npos;
 }
 
 std::wstring fromUtf16Le(std::string_view bytes)

@@ -5,9 +5,12 @@
  * error codes. Names keep their case and are compared without it, by Unicode's simple case mapping, whatever the
  * program's locale. Sizes of data are bytes, of names characters; text is 4 bytes a character, stored as given.
  *
+ * A child made with fork must not use a registry that its parent has used, unless it runs another program first.
+ *
  * What differs from Windows:
  * - HKEY_CLASSES_ROOT is HKEY_LOCAL_MACHINE\Software\Classes, HKEY_CURRENT_CONFIG a key below HKEY_LOCAL_MACHINE;
  *   nothing is merged.
+ * - Names of keys hold printable characters only; others answer ERROR_INVALID_PARAMETER.
  * - Volatile keys are kept like others; security attributes are ignored; access rights are those asked for at opening.
  * - Times of last writing count whole seconds since 1970, as all file times of the library do.
  */

@@ -93,11 +93,11 @@ std::span<const unsigned char> Statement::data(int column) const
     return {data, static_cast<std::size_t>(sqlite3_column_bytes(statement_, column))};
 }
 
-Transaction::Transaction(Database& database) : database_(database), open_(!database.inTransaction())
+Transaction::Transaction(Database& database, Kind kind) : database_(database), open_(!database.inTransaction())
 {
     if (open_)
     {
-        database_.execute("BEGIN IMMEDIATE");
+        database_.execute(kind == Kind::writing ? "BEGIN IMMEDIATE" : "BEGIN");
     }
 }
 

@@ -106,11 +106,18 @@ private:
     Statement& statement_;
 };
 
-// A write transaction: taken at once, rolled back unless committed. Within another it is a part of that one.
+// A transaction, rolled back unless committed: a writing one keeps other writers out from its beginning, a reading one
+// sees one state of the database all the time. Within another it is a part of that one.
 class Transaction
 {
 public:
-    explicit Transaction(Database& database);
+    enum class Kind
+    {
+        reading,
+        writing,
+    };
+
+    explicit Transaction(Database& database, Kind kind = Kind::writing);
     ~Transaction();
     Transaction(const Transaction&) = delete;
     Transaction& operator=(const Transaction&) = delete;

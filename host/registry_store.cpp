@@ -538,4 +538,11 @@ void RegistryStore::inTransaction(const std::function<void()>& body)
     transaction.commit();
 }
 
+void RegistryStore::inSnapshot(const std::function<void()>& body)
+{
+    Transaction transaction(database_, Transaction::Kind::reading);
+    body();
+    transaction.commit();
+}
+
 } // namespace kest::host

@@ -127,6 +127,8 @@ public:
 
     // Runs several operations as one: all of them happen, or, if the body throws, none.
     void inTransaction(const std::function<void()>& body);
+    // Runs reading operations that all see the same state, whatever others write meanwhile.
+    void inSnapshot(const std::function<void()>& body);
 
 private:
     struct Statements;

@@ -75,6 +75,8 @@ def check_debian_packages(options, scratch):
         expect_holds(packages[library.package + "-dev"], library.header, library.targets_file, library.pkg_config + ".pc")
     expect_holds(packages["libkestplatformbase-dev"], "KestPlatformBaseConfig.cmake", "kest-windows/windows.h",
                  "exports.tsv")
+    if "libkestreferencehost" in packages:
+        expect_holds(packages["libkestreferencehost"], "bin/kest-reg")
     expect_depends(packages, "libkestplatformbase", {"libc6"})
 
 

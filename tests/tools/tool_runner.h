@@ -40,12 +40,13 @@ inline std::string words(std::initializer_list<std::string> list)
     return result;
 }
 
-// Runs a program built for the target with arguments in the shell's notation.
-inline Outcome runTool(const ScratchFolder& scratch, const std::string& program, const std::string& arguments)
+// Runs a program built for the target with arguments in the shell's notation and a file as its standard input.
+inline Outcome runTool(const ScratchFolder& scratch, const std::string& program, const std::string& arguments,
+                       const std::string& input = "/dev/null")
 {
-    const int status = std::system(
-        ("env LC_ALL=C " + emulatorPrefix() + quoted(program) + " " + arguments + " >out.txt 2>err.txt </dev/null")
-            .c_str());
+    const int status = std::system(("env LC_ALL=C " + emulatorPrefix() + quoted(program) + " " + arguments +
+                                    " >out.txt 2>err.txt <" + quoted(input))
+                                       .c_str());
     return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, scratch.read("out.txt"), scratch.read("err.txt")};
 }
 

@@ -1,0 +1,264 @@
+// The conversions between numbers and text against digits and values worked out here.
+#include "fuzzing.h"
+#include "kest/crt/numbers.h"
+
+#include <clocale>
+#include <cwctype>
+#include <limits>
+
+namespace
+{
+
+using kest::fuzz::Output;
+using kest::fuzz::require;
+using Wide = Output<wchar_t>;
+using Narrow = Output<char>;
+
+// ---- Number to text --------------------------------------------------------------------------------------------
+
+std::string digits(std::uint64_t value, unsigned base)
+{
+    std::string text;
+    do
+    {
+        text.insert(text.begin(), "0123456789abcdef"[value % base]);
+        value /= base;
+    } while (value != 0);
+    return text;
+}
+
+std::string signedDigits(std::int64_t value)
+{
+    return value < 0 ? "-" + digits(0 - static_cast<std::uint64_t>(value), 10)
+                     : digits(static_cast<std::uint64_t>(value), 10);
+}
+
+std::wstring widened(const std::string& text)
+{
+    return {text.begin(), text.end()};
+}
+
+constexpr std::size_t room = 24;
+
+template <class Value>
+void checkPlain(char* (*narrow)(Value, char*, int), wchar_t* (*wide)(Value, wchar_t*, int), Value value, int radix,
+                const std::string& text, const char* what)
+{
+    Narrow narrowOutput(room);
+    require(narrow(value, narrowOutput.data(), radix) == narrowOutput.data(), what);
+    require(narrowOutput == Narrow(room, text), what);
+    Wide wideOutput(room);
+    require(wide(value, wideOutput.data(), radix) == wideOutput.data(), what);
+    require(wideOutput == Wide(room, widened(text)), what);
+}
+
+void checkSizedNarrow(char* (*function)(int, char*, std::size_t, int), int value, std::size_t size, int radix,
+                      const std::string& text, const char* what)
+{
+    Narrow output(size);
+    Narrow expected(size);
+    if (size > 0)
+    {
+        expected.put(text.substr(0, size - 1) + '\0');
+    }
+    require(function(value, output.data(), size, radix) == output.data(), what);
+    require(output == expected, what);
+}
+
+// Wide text that does not fit is left without its last character and without terminator, unless there is room for
+// that alone; what stood behind stays, and the last place ends it all.
+Wide before()
+{
+    Wide output(room);
+    output.put(std::wstring(1, L'\0'), room - 1);
+    return output;
+}
+
+Wide leftBySizedWide(std::size_t size, const std::wstring& text)
+{
+    Wide output = before();
+    if (size > 0)
+    {
+        const bool ends = text.size() < size || size == 1;
+        output.put(text.substr(0, size - 1) + (ends ? std::wstring(1, L'\0') : std::wstring()));
+    }
+    return output;
+}
+
+int lengthIn(Wide& output)
+{
+    int length = 0;
+    while (output.data()[length] != L'\0')
+    {
+        ++length;
+    }
+    return length;
+}
+
+void checkSizedWide(int (*function)(int, wchar_t*, std::size_t, int), int value, std::size_t size, int radix,
+                    const std::string& text, const char* what)
+{
+    Wide output = before();
+    Wide expected = leftBySizedWide(size, widened(text));
+    require(function(value, output.data(), size, radix) == lengthIn(expected), what);
+    require(output == expected, what);
+}
+
+void checkNumberToText(FuzzedDataProvider& data)
+{
+    const int value = data.ConsumeIntegral<int>() >> data.ConsumeIntegralInRange<int>(0, 31);
+    const int radix = data.ConsumeBool() ? 16 : data.ConsumeIntegral<int>();
+    const std::size_t size = data.ConsumeIntegralInRange<std::size_t>(0, room - 1);
+    const std::string asInt = radix == 16 ? digits(static_cast<std::uint32_t>(value), 16) : signedDigits(value);
+    checkPlain(_itoa, _itow, value, radix, asInt, "_itoa, _itow");
+    checkSizedNarrow(_itoa_s, value, size, radix, asInt, "_itoa_s");
+    checkSizedWide(_itow_s, value, size, radix, asInt, "_itow_s");
+    const std::string asLong = digits(static_cast<std::uint32_t>(value), 10);
+    checkPlain(_ltoa, _ltow, value, radix, asLong, "_ltoa, _ltow");
+    checkSizedNarrow(_ltoa_s, value, size, radix, asLong, "_ltoa_s");
+    checkSizedWide(_ltow_s, value, size, radix, asLong, "_ltow_s");
+
+    const long long large = data.ConsumeIntegral<long long>() >> data.ConsumeIntegralInRange<int>(0, 63);
+    const std::string asLarge = signedDigits(large);
+    checkPlain(_i64toa, _i64tow, large, radix, asLarge, "_i64toa, _i64tow");
+    Wide largeOutput = before();
+    require(_i64tow_s(large, largeOutput.data(), size, radix) == largeOutput.data(), "_i64tow_s's result");
+    require(largeOutput == leftBySizedWide(size, widened(asLarge)), "_i64tow_s");
+    const auto unsignedLarge = static_cast<unsigned long long>(large);
+    checkPlain(_ui64toa, _ui64tow, unsignedLarge, radix, digits(unsignedLarge, 10), "_ui64toa, _ui64tow");
+}
+
+// ---- Text to number --------------------------------------------------------------------------------------------
+
+// The front of a number: white space, a sign and, where it counts, a prefix.
+struct Front
+{
+    std::size_t end = 0;
+    bool negative = false;
+    unsigned base = 10;
+};
+
+bool isAsciiSpace(wchar_t character)
+{
+    return character == L' ' || (character >= L'\t' && character <= L'\r');
+}
+
+int digitOf(wchar_t character)
+{
+    if (character >= L'0' && character <= L'9')
+    {
+        return character - L'0';
+    }
+    if (character >= L'a' && character <= L'f')
+    {
+        return character - L'a' + 10;
+    }
+    return character >= L'A' && character <= L'F' ? character - L'A' + 10 : 99;
+}
+
+void readSign(const std::wstring& text, Front& front)
+{
+    const wchar_t sign = text.c_str()[front.end];
+    front.negative = sign == L'-';
+    front.end += sign == L'-' || sign == L'+' ? 1 : 0;
+}
+
+Front decimalFront(const std::wstring& text)
+{
+    Front front;
+    while (isAsciiSpace(text.c_str()[front.end]))
+    {
+        ++front.end;
+    }
+    readSign(text, front);
+    return front;
+}
+
+Front prefixedFront(const std::wstring& text)
+{
+    Front front;
+    while (std::iswspace(static_cast<std::wint_t>(text.c_str()[front.end])) != 0)
+    {
+        ++front.end;
+    }
+    readSign(text, front);
+    const wchar_t* const rest = text.c_str() + front.end;
+    if (rest[0] != L'0')
+    {
+        return front;
+    }
+    const bool hexadecimal = (rest[1] == L'x' || rest[1] == L'X') && digitOf(rest[2]) < 16;
+    front.base = hexadecimal ? 16 : 8;
+    front.end += hexadecimal ? 2 : 0;
+    return front;
+}
+
+// The digits' value, the largest number where it is larger.
+std::uint64_t magnitude(const std::wstring& text, const Front& front, bool& overflows)
+{
+    unsigned __int128 value = 0;
+    constexpr std::uint64_t largest = std::numeric_limits<std::uint64_t>::max();
+    for (std::size_t position = front.end; digitOf(text.c_str()[position]) < static_cast<int>(front.base); ++position)
+    {
+        value = value * front.base + static_cast<unsigned>(digitOf(text.c_str()[position]));
+        overflows |= value > largest;
+        value = overflows ? largest : value;
+    }
+    return static_cast<std::uint64_t>(value);
+}
+
+long asLong(const std::wstring& text, const Front& front)
+{
+    bool overflows = false;
+    const std::uint64_t value = magnitude(text, front, overflows);
+    constexpr auto largest = static_cast<std::uint64_t>(std::numeric_limits<long>::max());
+    if (front.negative)
+    {
+        return value > largest ? std::numeric_limits<long>::min() : -static_cast<long>(value);
+    }
+    return value > largest ? std::numeric_limits<long>::max() : static_cast<long>(value);
+}
+
+void checkIntegers(const std::wstring& text)
+{
+    require(_wtoi(text.c_str()) == static_cast<int>(asLong(text, decimalFront(text))), "_wtoi");
+    const Front front = prefixedFront(text);
+    require(_wtol(text.c_str()) == asLong(text, front), "_wtol");
+    bool overflows = false;
+    const std::uint64_t value = magnitude(text, front, overflows);
+    const std::uint64_t bits = front.negative && !overflows ? 0 - value : value;
+    require(_wtoi64(text.c_str()) == static_cast<long long>(bits), "_wtoi64");
+}
+
+// Up to 15 digits and a divisor of up to 10^15 are exact: one division rounds as reading must.
+void checkFloat(FuzzedDataProvider& data)
+{
+    const auto number = data.ConsumeIntegralInRange<std::uint64_t>(0, 999999999999999);
+    std::string text = digits(number, 10);
+    const std::size_t decimals = data.ConsumeIntegralInRange<std::size_t>(0, 15);
+    text.insert(0, text.size() <= decimals ? decimals + 1 - text.size() : 0, '0');
+    text.insert(text.size() - decimals, decimals > 0 ? "." : "");
+    double divisor = 1;
+    for (std::size_t i = 0; i < decimals; ++i)
+    {
+        divisor *= 10;
+    }
+    const bool negative = data.ConsumeBool();
+    const double value = static_cast<double>(number) / divisor;
+    const std::string rest = data.ConsumeBool() ? " 1" : "";
+    require(_wtof(widened((negative ? " -" : "") + text + rest).c_str()) == (negative ? -value : value), "_wtof");
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size);
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
+{
+    FuzzedDataProvider data(bytes, size);
+    std::setlocale(LC_ALL, data.ConsumeBool() ? "C.UTF-8" : "C");
+    checkNumberToText(data);
+    checkFloat(data);
+    checkIntegers(data.ConsumeBool() ? kest::fuzz::wideText(data, 90, L"0123456789-+ \txXabfg\u3000\u00e9")
+                                     : kest::fuzz::textOfRuns<wchar_t>(data, 80, L" -+0x179aF"));
+    return 0;
+}

@@ -1,18 +1,13 @@
 #include "kest/crt/file_wrappers.h"
 
+#include "crt/wide_wrapper_fixture.h"
 #include "harness/locale_requests.h"
 #include "harness/scoped_locale.h"
-#include "harness/scoped_variable.h"
 #include "harness/scratch_folder.h"
-#include "harness/sentinel_buffer.h"
 
-#include <algorithm>
-#include <array>
 #include <cerrno>
-#include <climits>
 #include <clocale>
 #include <cstddef>
-#include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
 #include <filesystem>
@@ -22,23 +17,18 @@
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
-#include <vector>
 
 namespace
 {
 
 namespace fs = std::filesystem;
 using kest::test::LocaleRequests;
+using kest::test::narrowName;
 using kest::test::ScopedLocale;
-using kest::test::ScopedVariable;
 using kest::test::ScratchFolder;
-using kest::test::SentinelBuffer;
-
-struct Release
-{
-    void operator()(wchar_t* text) const { std::free(text); }
-};
-using OwnedText = std::unique_ptr<wchar_t, Release>;
+using kest::test::tooLongPath;
+using kest::test::wideName;
+using kest::test::WithFiles;
 
 struct Close
 {
@@ -46,29 +36,11 @@ struct Close
 };
 using Stream = std::unique_ptr<FILE, Close>;
 
-// A file name of one, two, three and four bytes a character.
-constexpr const wchar_t* wideName = L"x\u00e9\u4e2d\U0001F600.txt";
-const std::string narrowName = "x\u00e9\u4e2d\U0001F600.txt";
-
-// A path whose first 4095 bytes name the file "kept".
-std::wstring tooLongPath()
+std::string firstLine(FILE* stream)
 {
-    return L"." + std::wstring(4090, L'/') + L"kept-and-more";
+    char line[80] = "";
+    return std::fgets(line, sizeof line, stream) == nullptr ? "" : line;
 }
-
-// Everything here runs in a folder of its own and with UTF-8.
-class WithFiles : public testing::Test
-{
-protected:
-    static std::string firstLine(FILE* stream)
-    {
-        char line[80] = "";
-        return std::fgets(line, sizeof line, stream) == nullptr ? "" : line;
-    }
-
-    const ScopedLocale locale_{"C.UTF-8"};
-    const ScratchFolder folder_;
-};
 
 // ---- Opening -----------------------------------------------------------------------------------------------------
 
@@ -393,284 +365,6 @@ TEST_F(FindRecord, MayBeMissing)
     EXPECT_EQ(_wfindfirst(L"missing", nullptr), -1);
 }
 
-// ---- The working directory ---------------------------------------------------------------------------------------
-
-using WorkingDirectory = WithFiles;
-
-TEST_F(WorkingDirectory, IsCopiedIntoABuffer)
-{
-    fs::create_directory(narrowName);
-    fs::current_path(narrowName);
-    const std::wstring expected = folder_.path().wstring() + L"/" + wideName;
-    using Buffer = SentinelBuffer<wchar_t, 200>;
-    Buffer buffer;
-    errno = 77;
-    EXPECT_EQ(_wgetcwd(buffer.data(), Buffer::size()), buffer.data());
-    EXPECT_EQ(errno, 77);
-    EXPECT_EQ(buffer.contents(), Buffer::startingWith(expected + L'\0'));
-
-    const int length = static_cast<int>(expected.size());
-    Buffer exact;
-    EXPECT_EQ(_wgetcwd(exact.data(), length + 1), exact.data());
-    EXPECT_EQ(exact.contents(), Buffer::startingWith(expected + L'\0'));
-    Buffer withoutTerminator;
-    EXPECT_EQ(_wgetcwd(withoutTerminator.data(), length), withoutTerminator.data());
-    EXPECT_EQ(withoutTerminator.contents(), Buffer::startingWith(expected));
-    Buffer cut;
-    EXPECT_EQ(_wgetcwd(cut.data(), 4), cut.data());
-    EXPECT_EQ(cut.contents(), Buffer::startingWith(expected.substr(0, 4)));
-    Buffer none;
-    EXPECT_EQ(_wgetcwd(none.data(), 0), none.data());
-    EXPECT_EQ(none.contents(), Buffer::untouched());
-}
-
-TEST_F(WorkingDirectory, IsAllocatedWithItsTerminatorWhenOneCharacterTakesMoreBytes)
-{
-    fs::create_directory(narrowName);
-    fs::current_path(narrowName);
-    const OwnedText first(_wgetcwd(nullptr, 0));
-    const OwnedText second(_wgetcwd(nullptr, -1));
-    ASSERT_NE(first, nullptr);
-    ASSERT_NE(second, nullptr);
-    EXPECT_NE(first, second);
-    EXPECT_EQ(first.get(), folder_.path().wstring() + L"/" + wideName);
-    EXPECT_EQ(second.get(), folder_.path().wstring() + L"/" + wideName);
-}
-
-TEST_F(WorkingDirectory, IsRefusedWhenTheLocaleCannotConvertIt)
-{
-    fs::create_directory("a\xff");
-    fs::current_path("a\xff");
-    EXPECT_EQ(_wgetcwd(nullptr, 0), nullptr);
-    using Buffer = SentinelBuffer<wchar_t, 200>;
-    Buffer buffer;
-    EXPECT_EQ(_wgetcwd(buffer.data(), Buffer::size()), nullptr);
-    EXPECT_EQ(buffer.contents(), Buffer::startingWith(folder_.path().wstring() + L"/a"));
-}
-
-TEST_F(WorkingDirectory, IsRefusedWhenItIsGone)
-{
-    fs::create_directory("gone");
-    fs::current_path("gone");
-    ASSERT_EQ(rmdir("../gone"), 0);
-    errno = 0;
-    EXPECT_EQ(_wgetcwd(nullptr, 0), nullptr);
-    EXPECT_EQ(errno, ENOENT);
-    using Buffer = SentinelBuffer<wchar_t, 200>;
-    Buffer buffer;
-    errno = 0;
-    EXPECT_EQ(_wgetcwd(buffer.data(), Buffer::size()), nullptr);
-    EXPECT_EQ(errno, ENOENT);
-    EXPECT_EQ(buffer.contents(), Buffer::untouched());
-}
-
-// ---- Full paths --------------------------------------------------------------------------------------------------
-
-class FullPaths : public WithFiles
-{
-protected:
-    using Buffer = SentinelBuffer<wchar_t, 200>;
-
-    // Zeros up to `size`, as wcsncpy leaves them.
-    static std::wstring padded(std::wstring text, std::size_t size)
-    {
-        text.resize(size, L'\0');
-        return Buffer::startingWith(text);
-    }
-};
-
-TEST_F(FullPaths, AreAbsoluteAndFreeOfLinks)
-{
-    fs::create_directory(narrowName);
-    folder_.write(narrowName + "/file", "content");
-    fs::create_directory_symlink(narrowName, "link");
-    const std::wstring expected = folder_.path().wstring() + L"/" + wideName + L"/file";
-    Buffer buffer;
-    EXPECT_EQ(_wfullpath(buffer.data(), L"link/./../link//file", 150), buffer.data());
-    EXPECT_EQ(buffer.contents(), padded(expected, 150));
-    Buffer here;
-    EXPECT_EQ(_wfullpath(here.data(), L".", 200), here.data());
-    EXPECT_EQ(here.contents(), padded(folder_.path().wstring(), 200));
-}
-
-TEST_F(FullPaths, AreCutAtTheSize)
-{
-    const std::wstring expected = folder_.path().wstring();
-    for (const std::size_t size :
-         {std::size_t(0), std::size_t(1), std::size_t(5), expected.size(), expected.size() + 1})
-    {
-        Buffer buffer;
-        EXPECT_EQ(_wfullpath(buffer.data(), L".", size), buffer.data());
-        EXPECT_EQ(buffer.contents(), padded((expected + L'\0').substr(0, size), size)) << size;
-    }
-}
-
-TEST_F(FullPaths, PadWithZerosBeyondTheLongestPath)
-{
-    std::vector<wchar_t> buffer(5001, L'#');
-    EXPECT_EQ(_wfullpath(buffer.data(), L".", 5000), buffer.data());
-    std::wstring expected = folder_.path().wstring();
-    expected.resize(5000, L'\0');
-    EXPECT_EQ(std::wstring(buffer.data(), buffer.size()), expected + L'#');
-}
-
-TEST_F(FullPaths, OfMissingFilesAreWhatTheResolverLeaves)
-{
-    const std::wstring paths[] = {
-        L"missing", L"missing/b/c", L"\u00e9/b", L"", L"/", tooLongPath(), std::wstring(3000, L'\u4e2d')};
-    for (const std::wstring& path : paths)
-    {
-        std::string narrow(path.size() * 4 + 1, '\0');
-        ASSERT_NE(std::wcstombs(narrow.data(), path.c_str(), narrow.size()), static_cast<std::size_t>(-1));
-        char left[PATH_MAX] = {};
-        [[maybe_unused]] const char* const unchecked = realpath(narrow.c_str(), left);
-        wchar_t expected[PATH_MAX] = {};
-        ASSERT_NE(std::mbstowcs(expected, left, PATH_MAX), static_cast<std::size_t>(-1));
-        std::vector<wchar_t> buffer(PATH_MAX + 1, L'#');
-        EXPECT_EQ(_wfullpath(buffer.data(), path.c_str(), PATH_MAX), buffer.data());
-        EXPECT_EQ(std::wstring(buffer.data(), buffer.size()), std::wstring(expected, PATH_MAX) + L'#');
-    }
-}
-
-TEST_F(FullPaths, AreCutWhereTheLocaleCannotConvertThem)
-{
-    fs::create_directory("a\xff");
-    fs::create_directory_symlink("a\xff", "link");
-    Buffer buffer;
-    EXPECT_EQ(_wfullpath(buffer.data(), L"link", 150), buffer.data());
-    EXPECT_EQ(buffer.contents(), padded(folder_.path().wstring() + L"/a", 150));
-}
-
-// ---- The environment ---------------------------------------------------------------------------------------------
-
-class Environment : public testing::Test
-{
-protected:
-    const ScopedLocale locale_{"C.UTF-8"};
-};
-
-TEST_F(Environment, HandsOutCopies)
-{
-    const ScopedVariable variable("KEST_TEST_\u00e9", "v\u00e4lue \U0001F600");
-    errno = 77;
-    const OwnedText first(_wgetenv(L"KEST_TEST_\u00e9"));
-    const OwnedText second(_wgetenv(L"KEST_TEST_\u00e9"));
-    EXPECT_EQ(errno, 77);
-    ASSERT_NE(first, nullptr);
-    ASSERT_NE(second, nullptr);
-    EXPECT_NE(first, second);
-    EXPECT_STREQ(first.get(), L"v\u00e4lue \U0001F600");
-    first.get()[0] = L'x';
-    EXPECT_STREQ(second.get(), L"v\u00e4lue \U0001F600");
-    EXPECT_STREQ(std::getenv("KEST_TEST_\u00e9"), "v\u00e4lue \U0001F600");
-}
-
-TEST_F(Environment, HandsOutEmptyAndLongValues)
-{
-    const std::string value(100000, 'x');
-    const ScopedVariable longOne("KEST_TEST_LONG", value.c_str());
-    const OwnedText copy(_wgetenv(L"KEST_TEST_LONG"));
-    ASSERT_NE(copy, nullptr);
-    EXPECT_EQ(copy.get(), std::wstring(100000, L'x'));
-    const ScopedVariable empty("KEST_TEST_EMPTY", "");
-    const OwnedText none(_wgetenv(L"KEST_TEST_EMPTY"));
-    ASSERT_NE(none, nullptr);
-    EXPECT_STREQ(none.get(), L"");
-}
-
-TEST_F(Environment, AnswersNullForVariablesThatAreNotSet)
-{
-    const ScopedVariable variable("KEST_TEST_UNSET", nullptr);
-    EXPECT_EQ(_wgetenv(L"KEST_TEST_UNSET"), nullptr);
-    EXPECT_EQ(_wgetenv(L""), nullptr);
-}
-
-TEST_F(Environment, CutsValuesThatTheLocaleCannotConvert)
-{
-    const ScopedVariable variable("KEST_TEST_BROKEN", "ab\xff"
-                                                      "cd");
-    const OwnedText copy(_wgetenv(L"KEST_TEST_BROKEN"));
-    ASSERT_NE(copy, nullptr);
-    EXPECT_STREQ(copy.get(), L"ab");
-}
-
-TEST_F(Environment, CutsNamesAfter4095Bytes)
-{
-    const std::string name(4095, 'K');
-    const ScopedVariable variable(name, "value");
-    const OwnedText copy(_wgetenv(std::wstring(5000, L'K').c_str()));
-    ASSERT_NE(copy, nullptr);
-    EXPECT_STREQ(copy.get(), L"value");
-}
-
-TEST_F(Environment, CutsNamesWhereTheLocaleCannotEncode)
-{
-    const ScopedVariable variable("KEST_TEST_CUT", "value");
-    const ScopedLocale plain("C");
-    const OwnedText copy(_wgetenv(L"KEST_TEST_CUT\u00e9"));
-    ASSERT_NE(copy, nullptr);
-    EXPECT_STREQ(copy.get(), L"value");
-}
-
-// The texts stay part of the environment: variables that these tests set are theirs alone and stay set.
-TEST_F(Environment, TakesVariables)
-{
-    EXPECT_EQ(_wputenv(L"KEST_TEST_PUT\u00e9=v\u00e4lue \U0001F600"), 0);
-    EXPECT_STREQ(std::getenv("KEST_TEST_PUT\u00e9"), "v\u00e4lue \U0001F600");
-    EXPECT_EQ(_wputenv(L"KEST_TEST_SIGNS=a=b=c"), 0);
-    EXPECT_STREQ(std::getenv("KEST_TEST_SIGNS"), "a=b=c");
-}
-
-TEST_F(Environment, KeepsItsOwnCopyOfTheText)
-{
-    std::wstring text = L"KEST_TEST_KEPT=first";
-    EXPECT_EQ(_wputenv(text.c_str()), 0);
-    static const char* first; // what the environment has let go of stays in sight of the leak checker
-    first = std::getenv("KEST_TEST_KEPT") - std::strlen("KEST_TEST_KEPT=");
-    text.replace(text.size() - 5, 5, L"other");
-    EXPECT_STREQ(std::getenv("KEST_TEST_KEPT"), "first");
-    EXPECT_EQ(_wputenv(L"KEST_TEST_KEPT=second"), 0);
-    EXPECT_STREQ(std::getenv("KEST_TEST_KEPT"), "second");
-    EXPECT_STREQ(first, "KEST_TEST_KEPT=first");
-}
-
-TEST_F(Environment, CutsTextsWhereTheLocaleCannotEncode)
-{
-    const ScopedLocale plain("C");
-    EXPECT_EQ(_wputenv(L"KEST_TEST_PUT_CUT=ab\u00e9cd"), 0);
-    EXPECT_STREQ(std::getenv("KEST_TEST_PUT_CUT"), "ab");
-}
-
-// ---- The locale --------------------------------------------------------------------------------------------------
-
-TEST(WideLocaleNames, SetTheLocale)
-{
-    const ScopedLocale before("C");
-    EXPECT_STREQ(_wsetlocale(LC_ALL, L"C.UTF-8"), "C.UTF-8");
-    EXPECT_STREQ(std::setlocale(LC_ALL, nullptr), "C.UTF-8");
-    EXPECT_STREQ(_wsetlocale(LC_NUMERIC, L"C"), "C");
-    EXPECT_STREQ(std::setlocale(LC_NUMERIC, nullptr), "C");
-    EXPECT_STREQ(std::setlocale(LC_CTYPE, nullptr), "C.UTF-8");
-    EXPECT_STREQ(_wsetlocale(LC_ALL, L"C"), "C");
-    EXPECT_STREQ(std::setlocale(LC_CTYPE, nullptr), "C");
-}
-
-TEST(WideLocaleNames, AnswerNullWhenThereIsNoSuchLocale)
-{
-    const ScopedLocale before("C.UTF-8");
-    EXPECT_EQ(_wsetlocale(LC_ALL, L"no such locale"), nullptr);
-    EXPECT_EQ(_wsetlocale(4711, L"C"), nullptr);
-    EXPECT_STREQ(std::setlocale(LC_ALL, nullptr), "C.UTF-8");
-}
-
-TEST(WideLocaleNames, ArePassedOnWhole)
-{
-    const ScopedLocale before("C.UTF-8");
-    const LocaleRequests requests;
-    EXPECT_EQ(_wsetlocale(LC_TIME, (L"\u00e9" + std::wstring(5000, L'x')).c_str()), nullptr);
-    EXPECT_EQ(requests.made(), (LocaleRequests::Requests{{LC_TIME, "\u00e9" + std::string(5000, 'x')}}));
-}
-
 // ---- Deviations --------------------------------------------------------------------------------------------------
 
 TEST(wfopen, TakesPathsAsTheyAre)
@@ -813,117 +507,6 @@ TEST(wfindfirst, CutsPathsAt4095Bytes)
     _wfinddata_t record;
     EXPECT_EQ(_wfindfirst(tooLongPath().c_str(), &record), 0);
     EXPECT_EQ(record.size, 7);
-}
-
-// Memory that was filled and released is what the allocator hands out next; the address sanitizer's fills new memory
-// itself.
-TEST(wgetcwd, LeavesTheTerminatorOutOfAllocatedAsciiText)
-{
-    const ScratchFolder folder;
-    const std::wstring expected = folder.path().wstring();
-    {
-        const std::size_t size = (expected.size() + 1) * sizeof(wchar_t);
-        std::array<OwnedText, 6> filled;
-        for (OwnedText& block : filled)
-        {
-            block.reset(static_cast<wchar_t*>(std::malloc(size)));
-            // Volatile, or the compiler leaves out blocks that nobody reads.
-            auto* const bytes = reinterpret_cast<volatile unsigned char*>(block.get());
-            std::fill(bytes, bytes + size, static_cast<unsigned char>(0x11));
-        }
-    }
-    const OwnedText text(_wgetcwd(nullptr, 0));
-    ASSERT_NE(text, nullptr);
-    EXPECT_EQ(std::wstring(text.get(), expected.size()), expected);
-    EXPECT_NE(text.get()[expected.size()], L'\0');
-}
-
-TEST(wgetcwd, CutsTextThatDoesNotFit)
-{
-    const ScratchFolder folder;
-    wchar_t buffer[] = L"####";
-    EXPECT_EQ(_wgetcwd(buffer, 2), buffer);
-    EXPECT_EQ(std::wstring(buffer), folder.path().wstring().substr(0, 2) + L"##");
-}
-
-TEST(wfullpath, ResolvesSymbolicLinks)
-{
-    const ScratchFolder folder;
-    fs::create_directory("target");
-    fs::create_directory_symlink("target", "link");
-    wchar_t buffer[200];
-    EXPECT_EQ(_wfullpath(buffer, L"link", 200), buffer);
-    EXPECT_EQ(buffer, (folder.path() / "target").wstring());
-}
-
-TEST(wfullpath, StopsAtMissingComponents)
-{
-    const ScratchFolder folder;
-    wchar_t buffer[200];
-    EXPECT_EQ(_wfullpath(buffer, L"missing/more", 200), buffer);
-    EXPECT_EQ(buffer, (folder.path() / "missing").wstring());
-}
-
-TEST(wfullpath, CutsTextThatDoesNotFit)
-{
-    wchar_t buffer[] = L"####";
-    EXPECT_EQ(_wfullpath(buffer, L"/dev", 2), buffer);
-    EXPECT_STREQ(buffer, L"/d##");
-}
-
-TEST(wfullpath, AllocatesNoBuffer)
-{
-    EXPECT_EQ(_wfullpath(nullptr, L".", 100), nullptr);
-}
-
-TEST(wputenv, KeepsVariablesWithEmptyValues)
-{
-    EXPECT_EQ(_wputenv(L"KEST_TEST_PUT_EMPTY="), 0);
-    EXPECT_STREQ(std::getenv("KEST_TEST_PUT_EMPTY"), "");
-}
-
-TEST(wputenv, RemovesVariablesNamedAlone)
-{
-    const ScopedVariable variable("KEST_TEST_REMOVED", "value");
-    EXPECT_EQ(_wputenv(L"KEST_TEST_REMOVED"), 0);
-    EXPECT_EQ(std::getenv("KEST_TEST_REMOVED"), nullptr);
-}
-
-TEST(wputenv, CutsTextAt4095Bytes)
-{
-    EXPECT_EQ(_wputenv((L"KEST_TEST_PUT_LONG=" + std::wstring(5000, L'x')).c_str()), 0);
-    EXPECT_EQ(std::getenv("KEST_TEST_PUT_LONG"), std::string(4095 - std::strlen("KEST_TEST_PUT_LONG="), 'x'));
-}
-
-TEST(wgetenv, AnswersANewCopy)
-{
-    const ScopedVariable variable("KEST_TEST_COPY", "value");
-    const OwnedText first(_wgetenv(L"KEST_TEST_COPY"));
-    const OwnedText second(_wgetenv(L"KEST_TEST_COPY"));
-    EXPECT_NE(first, second);
-}
-
-TEST(wgetenv, TellsUpperFromLowerCase)
-{
-    const ScopedVariable variable("KEST_TEST_CASE", "value");
-    EXPECT_EQ(_wgetenv(L"kest_test_case"), nullptr);
-}
-
-TEST(wsetlocale, AnswersNarrowText)
-{
-    const ScopedLocale locale("C");
-    const char* const name = _wsetlocale(LC_ALL, L"C");
-    EXPECT_STREQ(name, "C");
-}
-
-TEST(wsetlocale, NeedsAName)
-{
-    EXPECT_DEATH(_wsetlocale(LC_ALL, nullptr), "");
-}
-
-TEST(wsetlocale, KnowsTheSystemsNamesOnly)
-{
-    EXPECT_EQ(_wsetlocale(LC_ALL, L"English_United States.1252"), nullptr);
 }
 
 } // namespace

@@ -96,6 +96,9 @@ write_basic_package_version_file("${PROJECT_BINARY_DIR}/KestPlatformBaseConfigVe
     COMPATIBILITY SameMajorVersion)
 install(FILES "${PROJECT_BINARY_DIR}/KestPlatformBaseConfig.cmake"
     "${PROJECT_BINARY_DIR}/KestPlatformBaseConfigVersion.cmake"
+    "${PROJECT_SOURCE_DIR}/cmake/KestWindowsPrograms.cmake"
+    "${PROJECT_SOURCE_DIR}/cmake/windows_program_entry.cpp.in"
+    "${PROJECT_SOURCE_DIR}/cmake/windows_module_entry.cpp"
     DESTINATION "${package_folder}" COMPONENT libkestplatformbase_dev)
 
 include(CPack)

@@ -8,6 +8,14 @@
 
 #include "kest/kernel.h"
 
+KEST_C_BEGIN
+
+/* The entries of window programs, which the program defines: declared here so that they bear their plain names. */
+int WINAPI WinMain(HINSTANCE instance, HINSTANCE previous, LPSTR commandLine, int showCommand);
+int WINAPI wWinMain(HINSTANCE instance, HINSTANCE previous, LPWSTR commandLine, int showCommand);
+
+KEST_C_END
+
 #ifdef UNICODE
 #define CreateFile CreateFileW
 #define FindFirstFile FindFirstFileW

@@ -1,0 +1,9 @@
+#ifdef EXPERIMENTAL
+#include <experimental/filesystem>
+#else
+#include <filesystem>
+#endif
+
+int main()
+{
+}

@@ -1,0 +1,6 @@
+extern "C" int definedNowhere();
+
+extern "C" __attribute__((visibility("default"))) int Answer()
+{
+    return definedNowhere();
+}

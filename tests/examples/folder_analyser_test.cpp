@@ -418,7 +418,7 @@ FolderAnalyser: plug-in "LargestFiles" is named twice
 
 TEST_F(FolderAnalyser, SaysSoWhenNoPlugInIsLeft)
 {
-    const Outcome outcome = run({"--plugin-folder", "nowhere", "--plugin", "WordCount.dll", "files"});
+    const Outcome outcome = run({"--plugin-folder", "nowhere", "--plugin", "Missing.dll", "files"});
     EXPECT_EQ(outcome.out, R"(Folder analysis
 ===============
 Analysed  /scratch/files
@@ -428,9 +428,9 @@ Plug-ins  none
 
 Problems
 --------
-plug-in "WordCount.dll" cannot be loaded: there is no such module in "nowhere", or it is none
+plug-in "Missing.dll" cannot be loaded: there is no such module in "nowhere", or it is none
 )");
-    EXPECT_EQ(outcome.err, "FolderAnalyser: plug-in \"WordCount.dll\" cannot be loaded: there is no such module in "
+    EXPECT_EQ(outcome.err, "FolderAnalyser: plug-in \"Missing.dll\" cannot be loaded: there is no such module in "
                            "\"nowhere\", or it is none\n");
     EXPECT_EQ(outcome.status, 1);
 }

@@ -42,3 +42,6 @@ public:
 private:
     FileSystemService fileSystem_;
 };
+
+// Makes the hub, before wmain is called.
+IPlatformServices* makeHost();

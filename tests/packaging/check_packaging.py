@@ -73,8 +73,8 @@ def check_debian_packages(options, scratch):
     for library in libraries:
         expect_holds(packages[library.package], library.file)
         expect_holds(packages[library.package + "-dev"], library.header, library.targets_file, library.pkg_config + ".pc")
-    expect_holds(packages["libkestplatformbase-dev"], "KestPlatformBaseConfig.cmake", "KestWindowsPrograms.cmake", "kest-windows/windows.h",
-                 "exports.tsv")
+    expect_holds(packages["libkestplatformbase-dev"], "KestPlatformBaseConfig.cmake", "KestWindowsPrograms.cmake",
+                 "kest-windows/windows.h", "exports.tsv")
     if "libkestreferencehost" in packages:
         expect_holds(packages["libkestreferencehost"], "bin/kest-reg")
     expect_depends(packages, "libkestplatformbase", {"libc6"})

@@ -80,7 +80,7 @@ const std::wstring* valueOf(const std::wstring& name)
     {
         for (const auto& [known, value] : *table)
         {
-            if (upper(known) == upper(name))
+            if (known.size() == name.size() && upper(known) == upper(name))
             {
                 return &value;
             }

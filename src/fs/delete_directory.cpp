@@ -48,10 +48,11 @@ bool isSelfOrParent(std::string_view name)
     return name == "." || name == "..";
 }
 
-// The type behind links; DT_UNKNOWN for what is not there.
+// The type behind links; DT_UNKNOWN for what is not there or out of reach.
 unsigned char typeOf(int directory, const dirent& entry)
 {
-    if (entry.d_type != DT_LNK && entry.d_type != DT_UNKNOWN)
+    // Whether these two are within reach shows when they are removed.
+    if (entry.d_type == DT_REG || entry.d_type == DT_DIR)
     {
         return entry.d_type;
     }

@@ -1,7 +1,6 @@
-// The reader as a whole: against a model of it, and against the clock.
+// The reader as a whole: against a model of it, and on large files.
 #include "config/profile_asking.h"
 
-#include <chrono>
 #include <gtest/gtest.h>
 #include <iterator>
 #include <random>
@@ -70,24 +69,33 @@ TEST(ProfileReader, AgreesWithItsModelOnMissingFiles)
     }
 }
 
-// Files of this size take fractions of a second with one pass, and minutes with one search of the rest a line.
-TEST(ProfileReader, TakesTimeInProportionToTheFile)
+TEST(ProfileReader, ReadsLargeFiles)
 {
     for (const char* const lineEnd : {"\n", "\r", "\r\n"})
     {
         std::string content = "[A]"s + lineEnd;
-        constexpr int keys = 200000;
-        for (int number = 0; number < keys; ++number)
+        for (int number = 0; number < 50000; ++number)
         {
             content += "key" + std::to_string(number) + "=" + std::to_string(number) + lineEnd;
         }
         const Profile profile(content);
-        const auto start = std::chrono::steady_clock::now();
-        EXPECT_EQ(profile.ask("A", "key199999"), answered(6, "199999"));
+        EXPECT_EQ(profile.ask("A", "key49999"), answered(5, "49999"));
         EXPECT_EQ(profile.ask("A", "no key"), byDefault);
         EXPECT_EQ(profile.ask("A", none, none, content.size()).buffer.substr(0, 10), "key0\tkey1\t");
-        EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
     }
+}
+
+// One pass takes about a second. With one look for LF through the rest of the file a line it takes longer than a
+// test may.
+TEST(ProfileReader, LooksForLineFeedsOnce)
+{
+    constexpr int lines = 2000000;
+    std::string content = "[A]\r";
+    for (int number = 0; number < lines; ++number)
+    {
+        content += "a line=\r";
+    }
+    EXPECT_EQ(Profile(content + "key=value").ask("A", "key"), answered(5, "value"));
 }
 
 } // namespace

@@ -230,15 +230,19 @@ TEST(CopyFileW, CopiesTheContentOnly)
     folder.write("existing", "other");
     ASSERT_EQ(chmod("existing", 0640), 0);
 
-    const mode_t mask = umask(022);
+    const mode_t mask = umask(0);
     EXPECT_EQ(CopyFileW(L"source", L"new", 0), 1);
     EXPECT_EQ(CopyFileW(L"source", L"existing", 0), 1);
+    umask(027);
+    EXPECT_EQ(CopyFileW(L"source", L"masked", 0), 1);
     umask(mask);
 
     struct stat status = {};
     ASSERT_EQ(stat("new", &status), 0);
-    EXPECT_EQ(status.st_mode & 07777U, 0644U);
+    EXPECT_EQ(status.st_mode & 07777U, 0666U);
     EXPECT_NE(status.st_mtime, 1000000000);
+    ASSERT_EQ(stat("masked", &status), 0);
+    EXPECT_EQ(status.st_mode & 07777U, 0640U);
     ASSERT_EQ(stat("existing", &status), 0);
     EXPECT_EQ(status.st_mode & 07777U, 0640U);
 }

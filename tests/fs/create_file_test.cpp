@@ -12,7 +12,9 @@
 #include <stdexcept>
 #include <string>
 #include <sys/file.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/un.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <vector>
@@ -203,10 +205,22 @@ TEST(CreateFile, RefusesAFileInAFolderThatIsMissing)
 
 TEST(CreateFile, OpensDevices)
 {
-    // Directories are told by their whole type: block devices and sockets share a bit with them.
     const HANDLE handle = create(L"/dev/null", readWriteAccess, 0, OPEN_EXISTING);
     ASSERT_NE(handle, INVALID_HANDLE_VALUE);
     EXPECT_EQ(CloseHandle(handle), 1);
+}
+
+TEST(CreateFile, TellsDirectoriesByTheirWholeType)
+{
+    const ScratchFolder folder;
+    // Block devices and sockets share a bit with directories. A socket gets as far as fopen(), which refuses it.
+    sockaddr_un address = {AF_UNIX, "socket"};
+    const int socketDescriptor = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    ASSERT_EQ(bind(socketDescriptor, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+    errno = 0;
+    EXPECT_EQ(create(L"socket", readWriteAccess, 0, OPEN_EXISTING), INVALID_HANDLE_VALUE);
+    EXPECT_EQ(errno, ENXIO);
+    EXPECT_EQ(close(socketDescriptor), 0);
 }
 
 TEST(CreateFile, ConvertsNames)

@@ -1,5 +1,6 @@
 #include "harness/in_child.h"
 #include "harness/open_descriptors.h"
+#include "harness/ordinary_user.h"
 #include "harness/scratch_folder.h"
 #include "kest/kernel/directories.h"
 
@@ -22,6 +23,7 @@ namespace fs = std::filesystem;
 using kest::test::openDescriptorCount;
 using kest::test::ScratchFolder;
 using kest::test::statusInChild;
+using kest::test::statusOfOrdinaryUser;
 
 // Makes every stat() of the process fail while it is set: there is no other way to make a path that access() finds
 // and stat() does not.
@@ -145,6 +147,28 @@ TEST(DeletingTrees, LeavesWhatIsNeitherFileNorDirectory)
     const Outcome fifo = deleteDirectory("tree/fifo");
     EXPECT_EQ(fifo.result, 0);
     EXPECT_EQ(occurrences(fifo.messages, "unknow file type!: "), 1U);
+    EXPECT_TRUE(fs::is_fifo("tree/fifo"));
+}
+
+TEST(DeletingTrees, PassesSilentlyOverWhatIsOutOfReach)
+{
+    const ScratchFolder folder;
+    folder.write("tree/file", "content");
+    folder.write("tree/directory/file", "content");
+    ASSERT_EQ(mkfifo("tree/fifo", 0600), 0);
+    // The entries can be listed, and nothing can be learnt about them.
+    fs::permissions("tree", fs::perms::owner_read | fs::perms::others_read);
+    EXPECT_EQ(statusOfOrdinaryUser(
+                  []
+                  {
+                      const Outcome outcome = deleteDirectory("tree");
+                      EXPECT_EQ(outcome.result, 0);
+                      EXPECT_EQ(outcome.messages, "");
+                  }),
+              0);
+    fs::permissions("tree", fs::perms::owner_all);
+    EXPECT_TRUE(fs::exists("tree/file"));
+    EXPECT_TRUE(fs::exists("tree/directory/file"));
     EXPECT_TRUE(fs::is_fifo("tree/fifo"));
 }
 

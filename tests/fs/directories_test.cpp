@@ -130,9 +130,10 @@ TEST(DeleteFileW, RefusesDanglingLinks)
 TEST(MakingDirectories, MakesOne)
 {
     const ScratchFolder folder;
-    const mode_t mask = umask(022);
-    EXPECT_EQ(CreateDirectoryW(L"directory", nullptr), 1);
-    EXPECT_EQ(permissionsOf("directory"), 0755U);
+    const mode_t mask = umask(0);
+    EXPECT_EQ(CreateDirectoryW(L"on the way/directory", nullptr), 1);
+    EXPECT_EQ(permissionsOf("on the way"), 0755U);
+    EXPECT_EQ(permissionsOf("on the way/directory"), 0755U);
     umask(077);
     SECURITY_ATTRIBUTES security = {};
     EXPECT_EQ(CreateDirectoryW(L"private/directory", &security), 1);

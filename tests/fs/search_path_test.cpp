@@ -320,6 +320,7 @@ TEST(FindingFiles, ReadsTheDirectory)
                       ASSERT_EQ(chmod("unreadable", 0300), 0);
                       EXPECT_TRUE(findFile(L"unsearchable", L"file"));
                       EXPECT_FALSE(findFile(L"unsearchable", L"other"));
+                      EXPECT_FALSE(findFile(L"unsearchable", L"File"));
                       EXPECT_FALSE(findFile(L"unreadable", L"file"));
                   }),
               0);

@@ -1,3 +1,4 @@
+#include "harness/locale_requests.h"
 #include "harness/open_descriptors.h"
 #include "harness/ordinary_user.h"
 #include "harness/scoped_locale.h"
@@ -25,6 +26,7 @@ namespace fs = std::filesystem;
 
 using kest::test::InstalledHub;
 using kest::test::LeftOpen;
+using kest::test::LocaleRequests;
 using kest::test::openDescriptorCount;
 using kest::test::ScopedLocale;
 using kest::test::ScratchFolder;
@@ -280,13 +282,12 @@ TEST(TemporaryFiles, AskForTheLocaleUtf8)
     const ScratchFolder folder;
     const LeftOpen leftOpen;
     const ScopedLocale locale("C");
-    // What asking changes depends on the system.
-    setlocale(LC_CTYPE, "UTF-8");
-    const std::string asked = setlocale(LC_CTYPE, nullptr);
-    setlocale(LC_CTYPE, "C");
     Wide buffer;
+    const LocaleRequests requests;
+    GetTempFileNameW(L".", L"p", 1, nullptr);
+    EXPECT_EQ(requests.made(), LocaleRequests::Requests());
     GetTempFileNameW(L".", L"p", 1, buffer.data());
-    EXPECT_EQ(setlocale(LC_CTYPE, nullptr), asked);
+    EXPECT_EQ(requests.made(), (LocaleRequests::Requests{{LC_CTYPE, "UTF-8"}}));
 }
 
 TEST(GetTempFileNameW, MakesTheFileForEveryNumber)

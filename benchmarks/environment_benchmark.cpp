@@ -72,11 +72,11 @@ void addEnvironment()
             return parts.tm_sec;
         });
     addPair(
-        "environment/HeapAlloc, HeapFree, 64 bytes", target, "malloc, free",
+        "environment/HeapAlloc, HeapFree, 64 bytes", target, "calloc, free",
         [] { return HeapFree(nullptr, 0, HeapAlloc(nullptr, 0, 64)); },
         []
         {
-            void* const memory = std::malloc(64);
+            void* const memory = std::calloc(64, 1);
             benchmark::DoNotOptimize(memory);
             std::free(memory);
         });

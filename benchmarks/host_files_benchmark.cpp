@@ -51,19 +51,6 @@ void addHostFiles()
     addPair(
         "host files/FindFirstFileW walk, 10000 entries", target, "readdir, fstatat",
         [pattern = wide(folder) + L"/*"] { return walk(pattern); }, [=] { return walkBare(folder); });
-    addPair(
-        "host files/FindFirstFileW of one name", target, "stat",
-        [name = wide(folder) + L"/File5000.txt"]
-        {
-            WIN32_FIND_DATAW data;
-            return FindClose(FindFirstFileW(name.c_str(), &data));
-        },
-        [name = folder + "/File5000.txt"]
-        {
-            struct stat status;
-            return stat(name.c_str(), &status);
-        });
-
     addGrowth("FindFirstFileW walk", "entries", 100,
               [](long count) { return [pattern = wide(folderOfFiles(count)) + L"/*"] { return walk(pattern); }; });
 }

@@ -1,6 +1,7 @@
 // Cases of the benchmark program. A pair is ours and a baseline that does the same work without us: both run in
 // batches that take turns, so that whatever else the machine does meets both alike, and what is reported is the ratio
-// of neighbouring batches. A growth case runs one function on 1, 10 and 100 times an input, taking turns likewise.
+// of neighbouring batches. A growth case runs one function on 1, 10 and 100 times an input, taking turns likewise; the
+// least disturbed batch counts.
 #pragma once
 
 #include <algorithm>
@@ -8,6 +9,7 @@
 #include <benchmark/benchmark.h>
 #include <chrono>
 #include <functional>
+#include <limits>
 #include <memory>
 #include <string>
 #include <type_traits>
@@ -116,7 +118,8 @@ void addGrowth(const std::string& name, const std::string& unit, long size, Prep
         constexpr std::size_t steps = 3;
         std::array operations = {prepare(size), prepare(size * 10), prepare(size * 100)};
         std::array<long, steps> calls;
-        std::array<std::vector<double>, steps> times;
+        std::array<double, steps> times;
+        times.fill(std::numeric_limits<double>::infinity());
         for (std::size_t step = 0; step < steps; ++step)
         {
             calls[step] = callsOfBatch(operations[step], around);
@@ -127,15 +130,15 @@ void addGrowth(const std::string& name, const std::string& unit, long size, Prep
             for (std::size_t step = 0; step < steps; ++step)
             {
                 const double time = timeOf(operations[step], calls[step], around);
-                times[step].push_back(time / static_cast<double>(calls[step]));
+                times[step] = std::min(times[step], time / static_cast<double>(calls[step]));
                 sum += time;
             }
             state.SetIterationTime(sum * 1e-9);
         }
         state.counters["size"] = static_cast<double>(size);
-        state.counters["once"] = median(std::move(times[0]));
-        state.counters["tenfold"] = median(std::move(times[1]));
-        state.counters["hundredfold"] = median(std::move(times[2]));
+        state.counters["once"] = times[0];
+        state.counters["tenfold"] = times[1];
+        state.counters["hundredfold"] = times[2];
         state.SetLabel(unit);
     };
     benchmark::RegisterBenchmark(("growth/" + name).c_str(), run)->UseManualTime();

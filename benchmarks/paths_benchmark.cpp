@@ -20,7 +20,8 @@ namespace
 
 constexpr double target = 1.1;
 
-constexpr const char* path = "/opt/application/modules/reporting/Statistics.dll";
+// Not constant: the compiler would split it.
+const char* path = "/opt/application/modules/reporting/Statistics.dll";
 constexpr const wchar_t* folder = L"/opt/application/modules/reporting";
 constexpr const wchar_t* file = L"Statistics.dll";
 
@@ -121,7 +122,7 @@ void addPaths()
               });
     const auto growPath = [](const std::string& name, auto function)
     {
-        addGrowth(name, "characters", 2000,
+        addGrowth(name, "characters", 10'000,
                   [=](long length)
                   {
                       return [=, text = longPath(length), out = longPath(2 * length)]() mutable

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cctype>
 #include <cerrno>
+#include <climits>
 #include <cstdint>
 #include <cstring>
 #include <fcntl.h>
@@ -136,32 +137,107 @@ private:
 
 // ---- Lines
 
+// A longer name ends the process, like any checked copy that does not fit.
+constexpr std::size_t longestName = 1024;
+
+// Where the word first stands at or behind `at`; the text's size if nowhere. Looks at 128 places at a time, which
+// compilers turn into vector operations: most have none where the word's first and its last two characters could stand.
+std::size_t findWord(std::string_view text, std::string_view word, std::size_t at)
+{
+    constexpr std::size_t block = 128;
+    const std::size_t last = word.empty() ? 0 : word.size() - 1;
+    const std::size_t lastButOne = last == 0 ? 0 : last - 1;
+    for (; !word.empty() && text.size() - at >= block + last; at += block)
+    {
+        const char* const place = text.data() + at;
+        unsigned char least = UCHAR_MAX;
+        for (std::size_t index = 0; index < block; ++index)
+        {
+            const int differences = (place[index] ^ word[0]) | (place[index + lastButOne] ^ word[lastButOne]) |
+                                    (place[index + last] ^ word[last]);
+            least = std::min(least, static_cast<unsigned char>(differences));
+        }
+        const std::size_t found = least == 0 ? text.substr(at, block + last).find(word) : text.npos;
+        if (found != text.npos)
+        {
+            return at + found;
+        }
+    }
+    return std::min(text.find(word, at), text.size());
+}
+
+// The place behind the last such character; 0 if there is none.
+std::size_t placeBehindLast(std::string_view text, char character)
+{
+    const void* const last = memrchr(text.data(), character, text.size());
+    return last == nullptr ? 0 : static_cast<std::size_t>(static_cast<const char*>(last) - text.data()) + 1;
+}
+
 // A line ends with LF; behind the last LF of the text, it ends with CR.
 class Lines
 {
 public:
-    explicit Lines(std::string_view text)
-        : rest_(text), lineFeedEnds_(text.size() - (text.rfind('\n') + 1)) // npos + 1 is 0
-    {
-    }
+    explicit Lines(std::string_view text) : text_(text), lastLines_(placeBehindLast(text, '\n')) {}
 
     // The next line, without the blanks around it.
     bool next(std::string_view& line)
     {
-        if (rest_.empty())
+        if (at_ == text_.size())
         {
             return false;
         }
-        const char end = rest_.size() > lineFeedEnds_ ? '\n' : '\r';
-        const std::size_t length = std::min(rest_.find(end), rest_.size() - 1) + 1;
-        line = withoutTrailingBlanks(withoutLeadingBlanks(rest_.substr(0, length)));
-        rest_.remove_prefix(length);
+        const std::size_t end = std::min(text_.find(terminatorAt(at_), at_), text_.size() - 1) + 1;
+        line = withoutTrailingBlanks(withoutLeadingBlanks(text_.substr(at_, end - at_)));
+        at_ = end;
         return true;
     }
 
+    // Leaves out lines that neither hold the word nor are long enough for a name that ends the process.
+    void skipTo(std::string_view word)
+    {
+        if (longLine_ <= at_)
+        {
+            longLine_ = findLongLine();
+        }
+        const std::size_t place = std::min(findWord(text_, word, at_), longLine_);
+        if (place == text_.size())
+        {
+            at_ = place;
+            return;
+        }
+        at_ = place < lastLines_ ? at_ : std::max(at_, lastLines_);
+        at_ += placeBehindLast(text_.substr(at_, place - at_), terminatorAt(place));
+    }
+
 private:
-    std::string_view rest_;
-    std::size_t lineFeedEnds_; // so many characters stand behind the last LF
+    char terminatorAt(std::size_t place) const { return place < lastLines_ ? '\n' : '\r'; }
+
+    // Steps from line end to line end, as far as a step of a name's length goes.
+    std::size_t findLongLine() const
+    {
+        std::size_t at = at_;
+        while (at < text_.size())
+        {
+            const std::size_t end = at < lastLines_ ? lastLines_ : text_.size();
+            if (end - at <= longestName)
+            {
+                at = end;
+                continue;
+            }
+            const std::size_t step = placeBehindLast(text_.substr(at, longestName), terminatorAt(at));
+            if (step == 0)
+            {
+                return at;
+            }
+            at += step;
+        }
+        return at;
+    }
+
+    std::string_view text_;
+    std::size_t lastLines_; // where those begin that end with CR
+    std::size_t at_ = 0;
+    std::size_t longLine_ = 0; // the next one, unless passed
 };
 
 // ---- The answer
@@ -226,19 +302,27 @@ public:
     {
         Lines lines(text);
         std::string_view line;
-        while (!value_ && lines.next(line))
+        do
         {
+            if (const std::optional<std::string_view> word = wordSoughtAfter())
+            {
+                lines.skipTo(*word);
+            }
+            if (!lines.next(line))
+            {
+                return;
+            }
             read(line);
-        }
+        } while (!value_);
     }
 
     bool namesAskedFor() const { return !section_ || (inSection_ && !key_); }
     std::optional<std::string_view> value() const { return value_; }
 
 private:
-    static constexpr std::size_t longestName = 1024;
+    // What a line must hold to make a difference, but for names that end the process.
+    std::optional<std::string_view> wordSoughtAfter() const { return inSection_ ? key_ : section_; }
 
-    // A longer name ends the process, like any checked copy that does not fit.
     static void endProcessIfTooLong(std::string_view name)
     {
         if (name.size() > longestName)

@@ -13,6 +13,7 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace kest::benchmarks
 {
@@ -61,12 +62,15 @@ void copyInKernel(const char* source, const char* destination)
 
 void addCopies(const std::string& size, long bytes, double copyTarget)
 {
-    const std::string source = fileOfSize(bytes);
-    const std::string copy = source + "-copy";
-    addPair(
-        "files/CopyFileW, " + size, copyTarget, "open twice, copy_file_range, close",
-        [source = wide(source), copy = wide(copy)] { return CopyFileW(source.c_str(), copy.c_str(), 0); },
-        [=] { copyInKernel(source.c_str(), copy.c_str()); });
+    addPreparedPair("files/CopyFileW, " + size, copyTarget, "open twice, copy_file_range, close",
+                    [=]
+                    {
+                        const std::string source = fileOfSize(bytes);
+                        const std::string copy = source + "-copy";
+                        return std::pair([source = wide(source), copy = wide(copy)]
+                                         { return CopyFileW(source.c_str(), copy.c_str(), 0); },
+                                         [=] { copyInKernel(source.c_str(), copy.c_str()); });
+                    });
 }
 
 } // namespace

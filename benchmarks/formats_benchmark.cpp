@@ -60,12 +60,21 @@ void addFormats()
         [out = Buffer()]() mutable { return _tarswprintf(out.data(), out.size(), L"%d", 1234567); },
         [out = Buffer()]() mutable { return std::swprintf(out.data(), out.size(), L"%d", 1234567); });
 
+    // The C library has no way to count but to try.
     const std::wstring text = wideText(20'000);
     addPair(
-        "formats/_vscwprintf, 20000 characters", target, "swprintf into a buffer that suits",
+        "formats/_vscwprintf, 20000 characters", target, "swprintf, from 1024 characters doubled until they suffice",
         [=] { return withArguments([](va_list arguments) { return _vscwprintf(L"[%s]", arguments); }, text.c_str()); },
-        [=, out = std::wstring(text.size() + 3, L'\0')]() mutable
-        { return std::swprintf(out.data(), out.size(), L"[%ls]", text.c_str()); });
+        [=]
+        {
+            int length = -1;
+            for (std::size_t size = 1024; length < 0; size *= 2)
+            {
+                const auto buffer = std::make_unique_for_overwrite<wchar_t[]>(size);
+                length = std::swprintf(buffer.get(), size, L"[%ls]", text.c_str());
+            }
+            return length + 1;
+        });
 
     addGrowth("wsprintfW", "characters", 2000,
               [](long length)

@@ -8,6 +8,7 @@
 #include <fcntl.h>
 #include <string>
 #include <sys/stat.h>
+#include <utility>
 
 namespace kest::benchmarks
 {
@@ -47,10 +48,13 @@ long walkBare(const std::string& folder)
 
 void addHostFiles()
 {
-    const std::string folder = folderOfFiles(10'000);
-    addPair(
-        "host files/FindFirstFileW walk, 10000 entries", target, "readdir, fstatat",
-        [pattern = wide(folder) + L"/*"] { return walk(pattern); }, [=] { return walkBare(folder); });
+    addPreparedPair("host files/FindFirstFileW walk, 10000 entries", target, "readdir, fstatat",
+                    []
+                    {
+                        const std::string folder = folderOfFiles(10'000);
+                        return std::pair([pattern = wide(folder) + L"/*"] { return walk(pattern); },
+                                         [=] { return walkBare(folder); });
+                    });
     addGrowth("FindFirstFileW walk", "entries", 100,
               [](long count) { return [pattern = wide(folderOfFiles(count)) + L"/*"] { return walk(pattern); }; });
 }

@@ -11,6 +11,7 @@
 #include <functional>
 #include <limits>
 #include <memory>
+#include <optional>
 #include <string>
 #include <type_traits>
 #include <utility>
@@ -72,34 +73,43 @@ inline double median(std::vector<double> numbers)
     return *middle;
 }
 
-// The target is the ratio that ours must stay within. The baseline's name says what it is ("wcslen", "open").
-template <class Ours, class Baseline>
-void addPair(const std::string& name, double target, const std::string& baselineName, Ours ours, Baseline baseline,
-             Around around = {})
+// Registers a pair whose operations `prepare` makes, as a std::pair, when the case first runs. The target is the ratio
+// that ours must stay within. The baseline's name says what it is ("wcslen", "open").
+template <class Prepare>
+void addPreparedPair(const std::string& name, double target, const std::string& baselineName, Prepare prepare,
+                     const Around& around = {})
 {
-    const auto calls = std::make_shared<long>(0);
-    const auto run = [=](benchmark::State& state) mutable
+    struct Prepared
     {
-        if (*calls == 0)
+        decltype(prepare()) operations;
+        long calls;
+    };
+    const auto prepared = std::make_shared<std::optional<Prepared>>();
+    const auto run = [=](benchmark::State& state)
+    {
+        if (!*prepared)
         {
-            *calls = callsOfBatch(ours, around);
+            prepared->emplace(Prepared{prepare(), 0});
+            (*prepared)->calls = callsOfBatch((*prepared)->operations.first, around);
         }
+        auto& [operations, calls] = **prepared;
+        auto& [ours, baseline] = operations;
         std::vector<double> oursTimes;
         std::vector<double> baselineTimes;
         std::vector<double> ratios;
         bool oursFirst = true;
         for (auto _ : state)
         {
-            double oursTime = oursFirst ? timeOf(ours, *calls, around) : 0;
-            const double baselineTime = timeOf(baseline, *calls, around);
-            oursTime = oursFirst ? oursTime : timeOf(ours, *calls, around);
+            double oursTime = oursFirst ? timeOf(ours, calls, around) : 0;
+            const double baselineTime = timeOf(baseline, calls, around);
+            oursTime = oursFirst ? oursTime : timeOf(ours, calls, around);
             oursFirst = !oursFirst;
             oursTimes.push_back(oursTime);
             baselineTimes.push_back(baselineTime);
             ratios.push_back(oursTime / baselineTime);
             state.SetIterationTime((oursTime + baselineTime) * 1e-9);
         }
-        const auto batch = static_cast<double>(*calls);
+        const auto batch = static_cast<double>(calls);
         state.counters["target"] = target;
         state.counters["ours"] = median(std::move(oursTimes)) / batch;
         state.counters["baseline"] = median(std::move(baselineTimes)) / batch;
@@ -109,9 +119,18 @@ void addPair(const std::string& name, double target, const std::string& baseline
     benchmark::RegisterBenchmark(name.c_str(), run)->UseManualTime();
 }
 
+// Registers a pair that needs no preparing.
+template <class Ours, class Baseline>
+void addPair(const std::string& name, double target, const std::string& baselineName, Ours ours, Baseline baseline,
+             const Around& around = {})
+{
+    addPreparedPair(
+        name, target, baselineName, [=] { return std::pair(ours, baseline); }, around);
+}
+
 // `prepare` is called with a size and returns the operation on an input of that size.
 template <class Prepare>
-void addGrowth(const std::string& name, const std::string& unit, long size, Prepare prepare, Around around = {})
+void addGrowth(const std::string& name, const std::string& unit, long size, Prepare prepare, const Around& around = {})
 {
     const auto run = [=](benchmark::State& state)
     {

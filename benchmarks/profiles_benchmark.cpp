@@ -10,6 +10,7 @@
 #include <memory>
 #include <string>
 #include <unistd.h>
+#include <utility>
 
 namespace kest::benchmarks
 {
@@ -65,15 +66,22 @@ auto lookUp(const std::string& path, const std::wstring& key)
 
 void addProfiles()
 {
+    const auto addLookUp = [](long count, const LineEnding& end)
+    {
+        addPreparedPair("profiles/GetPrivateProfileStringW, last of " + std::to_string(count) + " keys, " + end.name,
+                        target, "open, read, close",
+                        [=]
+                        {
+                            const std::string path = profileOf(count, end);
+                            return std::pair(lookUp(path, wide(lastKey(count))),
+                                             [=] { return readWhole(path.c_str()); });
+                        });
+    };
     for (const LineEnding& end : lineEndings)
     {
-        const std::string path = profileOf(keys, end);
-        addPair(std::string("profiles/GetPrivateProfileStringW, last of 10000 keys, ") + end.name, target,
-                "open, read, close", lookUp(path, wide(lastKey(keys))), [=] { return readWhole(path.c_str()); });
+        addLookUp(keys, end);
     }
-    const std::string shortPath = profileOf(keys / 1000, lineEndings[0]);
-    addPair("profiles/GetPrivateProfileStringW, last of 10 keys, LF", target, "open, read, close",
-            lookUp(shortPath, wide(lastKey(keys / 1000))), [=] { return readWhole(shortPath.c_str()); });
+    addLookUp(10, lineEndings[0]);
 
     for (const LineEnding& end : lineEndings)
     {

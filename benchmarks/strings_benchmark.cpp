@@ -71,9 +71,10 @@ void addPairsOfLength(long length)
         "strings/lstrcmpiW" + suffix, target, "wcscasecmp", [=] { return lstrcmpiW(text.c_str(), lowered.c_str()); },
         [=] { return wcscasecmp(text.c_str(), lowered.c_str()); });
     addPair(
-        "strings/wcscpy_s" + suffix, target, "wcscpy",
+        "strings/wcscpy_s" + suffix, target, "wcsnlen, wmemcpy",
         [=, out = room]() mutable { return wcscpy_s(out.data(), size, text.c_str()); },
-        [=, out = room]() mutable { return std::wcscpy(out.data(), text.c_str()); });
+        [=, out = room]() mutable
+        { return std::wmemcpy(out.data(), text.c_str(), wcsnlen(text.c_str(), out.size()) + 1); });
     addPair(
         "strings/wcsncat_s" + suffix, target, "wcsncat",
         [=, out = room]() mutable

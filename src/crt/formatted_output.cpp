@@ -40,8 +40,9 @@ int tryToFormatInto(wchar_t* buffer, std::size_t size, const TranslatedFormat& f
     return length;
 }
 
-// A text formatted into scratch that grows until the text fits, so that counting and writing take one pass. A text
-// that does not fit the largest scratch, terminator included, has failed.
+// A text formatted into scratch, so that counting and writing take one pass. Each attempt that does not fit costs the
+// C library more than one that does: a text too long for the small scratch goes to the largest at once, and one that
+// does not fit there, terminator included, has failed.
 class ScratchText
 {
 public:
@@ -60,9 +61,7 @@ public:
 
 private:
     static constexpr std::size_t smallSize = 1024;
-    static constexpr std::size_t growth = 8;
     static constexpr std::size_t largestSize = 524288;
-    static_assert(smallSize * growth * growth * growth == largestSize);
 
     std::array<wchar_t, smallSize> small_;
     std::unique_ptr<wchar_t[]> large_;
@@ -73,15 +72,10 @@ ScratchText::ScratchText(const wchar_t* format, std::va_list arguments)
 {
     const TranslatedFormat translated(format);
     length_ = tryToFormatInto(small_.data(), smallSize, translated, arguments);
-    for (std::size_t size = smallSize * growth; failed() && size <= largestSize; size *= growth)
+    if (failed())
     {
-        large_.reset();
-        large_.reset(new (std::nothrow) wchar_t[size]);
-        if (large_ == nullptr)
-        {
-            return;
-        }
-        length_ = tryToFormatInto(large_.get(), size, translated, arguments);
+        large_.reset(new (std::nothrow) wchar_t[largestSize]);
+        length_ = large_ == nullptr ? length_ : tryToFormatInto(large_.get(), largestSize, translated, arguments);
     }
 }
 

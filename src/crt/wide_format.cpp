@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cwchar>
 #include <new>
+#include <span>
 #include <stdexcept>
 
 namespace kest
@@ -20,36 +21,47 @@ const wchar_t* demand(const wchar_t* format)
     return format;
 }
 
-// One pass is all: no "%ls" ever completes another "%s".
-void replaceStringConversions(wchar_t* translated, const wchar_t* format)
+// What a character can become, and a terminator.
+constexpr std::size_t longestStep = 3;
+
+// One pass is all: no "%ls" ever completes another "%s". Answers whether there was room.
+bool replaceStringConversions(std::span<wchar_t> translated, const wchar_t* format)
 {
+    wchar_t* out = translated.data();
+    const wchar_t* const lastStep = out + translated.size() - longestStep;
     for (; *format != L'\0'; ++format)
     {
-        *translated++ = *format;
+        if (out > lastStep)
+        {
+            return false;
+        }
+        *out++ = *format;
         if (format[0] == L'%' && format[1] == L's')
         {
-            *translated++ = L'l';
+            *out++ = L'l';
         }
     }
-    *translated = L'\0';
+    *out = L'\0';
+    return true;
 }
 
 } // namespace
 
 TranslatedFormat::TranslatedFormat(const wchar_t* format)
 {
-    const std::size_t length = std::wcslen(demand(format));
-    // Every two characters become three at most.
-    const std::size_t room = length + length / 2 + 1;
-    const bool isShort = room <= short_.size();
-    if (!isShort)
+    if (replaceStringConversions(short_, demand(format)))
     {
-        long_.reset(new (std::nothrow) wchar_t[room]);
+        text_ = short_.data();
+        return;
     }
-    text_ = isShort ? short_.data() : long_.get();
+    // Every two characters become three at most.
+    const std::size_t length = std::wcslen(format);
+    const std::size_t room = length + length / 2 + longestStep;
+    long_.reset(new (std::nothrow) wchar_t[room]);
+    text_ = long_.get();
     if (text_ != nullptr)
     {
-        replaceStringConversions(text_, format);
+        replaceStringConversions({text_, room}, format);
     }
 }
 

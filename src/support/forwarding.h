@@ -13,14 +13,14 @@ template <class Service, class Result, class... Parameters, class... Arguments>
 Result forward(Service* (IPlatformServices::*getter)(), Result (Service::*operation)(Parameters...),
                Arguments&&... arguments)
 {
-    return ((platformServices()->*getter)()->*operation)(std::forward<Arguments>(arguments)...);
+    return ((g_platformServices->*getter)()->*operation)(std::forward<Arguments>(arguments)...);
 }
 
 // The hub hands out the service.
 template <class Service>
 bool hasService(Service* (IPlatformServices::*getter)())
 {
-    IPlatformServices* const hub = platformServices();
+    IPlatformServices* const hub = g_platformServices;
     return hub != nullptr && (hub->*getter)() != nullptr;
 }
 
@@ -42,7 +42,7 @@ template <class Answer, class Service, class Result, class... Parameters, class.
 Result forwardCheckedOnce(Answer missing, Service* (IPlatformServices::*getter)(),
                           Result (Service::*operation)(Parameters...), Arguments&&... arguments)
 {
-    IPlatformServices* const hub = platformServices();
+    IPlatformServices* const hub = g_platformServices;
     Service* const service = hub == nullptr ? nullptr : (hub->*getter)();
     if (service == nullptr)
     {

@@ -23,7 +23,11 @@ std::string readableName(const Export& row)
 
 std::string describeAnswer(const Export& row)
 {
-    std::string text = row.answer.empty() ? std::string() : "always " + std::string(row.answer);
+    std::string text;
+    if (!row.answer.empty())
+    {
+        text = row.answer == "nothing" ? "does nothing" : "always " + std::string(row.answer);
+    }
     for (const Operation& operation : row.operations)
     {
         text += (text.empty() ? "" : "; ") + std::string(operation.name);

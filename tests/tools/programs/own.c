@@ -1,0 +1,7 @@
+/* What the audited file needs beside Windows functions. */
+int ownFunction(void);
+
+int ownFunction(void)
+{
+    return 0;
+}

@@ -81,6 +81,16 @@ if(TARGET KestReferenceHost)
         SUMMARY "The Windows API for Linux ports, its reference host")
 endif()
 
+# ---- The tools for porting teams, in a package of their own ----------------------------------------------------------
+
+if(KEST_BUILD_TOOLS)
+    list(APPEND CPACK_COMPONENTS_ALL kesttools)
+    set(CPACK_DEBIAN_KESTTOOLS_PACKAGE_NAME kest-tools)
+    set(CPACK_DEBIAN_KESTTOOLS_PACKAGE_SECTION devel)
+    set(CPACK_DEBIAN_KESTTOOLS_PACKAGE_SHLIBDEPS ON)
+    set(CPACK_COMPONENT_KESTTOOLS_DESCRIPTION "The Windows API for Linux ports: tools for porting teams")
+endif()
+
 # ---- What comes with the library itself --------------------------------------------------------------------------
 
 # The Windows-named headers stand in a folder of their own: a project asks for them by linking Kest::WindowsHeaders.

@@ -63,11 +63,24 @@ def check_pkg_config(options, project, library_folder, scratch):
     expect_prints(program, options.emulator, LIBRARIES[project].output)
 
 
+def check_tracer(options, prefix, scratch):
+    """The installed tracer finds its library, wherever the installation stands."""
+    tracer = prefix / "bin" / "kest-trace"
+    program = scratch / options.projects[0] / "cmake" / "outside_program"
+    emulator = ["--emulator", shlex.join(options.emulator)] if options.emulator else []
+    report = scratch / "report.txt"
+    run(*options.emulator, tracer, "--output", report, *emulator, program)
+    if "reached in" not in report.read_text():
+        sys.exit(f"{tracer} reports:\n{report.read_text()}")
+
+
 def check_debian_packages(options, scratch):
     run("cpack", "--config", pathlib.Path(options.build) / "CPackConfig.cmake", "-B", scratch / "packages")
     packages = {package.name.split("_")[0]: package for package in (scratch / "packages").glob("*.deb")}
     libraries = [LIBRARIES[project] for project in options.projects]
     expected = {library.package + suffix for library in libraries for suffix in ("", "-dev")}
+    if options.tools:
+        expected.add("kest-tools")
     if packages.keys() != expected:
         sys.exit(f"the packages are {', '.join(sorted(packages))}")
     for library in libraries:
@@ -77,6 +90,8 @@ def check_debian_packages(options, scratch):
                  "kest-windows/windows.h", "exports.tsv")
     if "libkestreferencehost" in packages:
         expect_holds(packages["libkestreferencehost"], "bin/kest-reg")
+    if options.tools:
+        expect_holds(packages["kest-tools"], *(f"bin/{tool}" for tool in options.tools))
     expect_depends(packages, "libkestplatformbase", {"libc6"})
 
 
@@ -102,6 +117,7 @@ def main():
     parser.add_argument("--emulator", type=shlex.split, default=[])
     parser.add_argument("--configure", type=shlex.split, default=[], help="arguments for the outside projects' CMake")
     parser.add_argument("--debian", action="store_true", help="build the Debian packages too")
+    parser.add_argument("--tool", action="append", dest="tools", default=[], help="a tool that is installed, too")
     parser.add_argument("projects", nargs="+", choices=LIBRARIES)
     options = parser.parse_args()
 
@@ -114,6 +130,8 @@ def main():
             check_cmake_package(options, project, prefix, scratch)
             library = next(prefix.rglob(LIBRARIES[project].file))
             check_pkg_config(options, project, library.parent, scratch)
+        if "kest-trace" in options.tools:
+            check_tracer(options, prefix, scratch)
         if options.debian:
             check_debian_packages(options, scratch)
     print(f"the installed packages build and run {len(options.projects)} outside projects")

@@ -14,6 +14,7 @@
 #include <memory>
 #include <mutex>
 #include <string>
+#include <string_view>
 #include <sys/stat.h>
 #include <unordered_map>
 #include <vector>
@@ -30,45 +31,85 @@ struct Closer
 };
 using Folder = std::unique_ptr<DIR, Closer>;
 
-// The entries found, and how far they have been handed out.
+// The entries found, in order, and how far they have been handed out. Their texts stand behind one another in one
+// piece of memory: a folder may have a great many.
 struct Search
 {
+    struct Entry
+    {
+        std::size_t key;  // where the folded name begins, in UTF-8; it ends where the name begins
+        std::size_t name; // where the name begins, with a terminator
+        std::size_t length;
+    };
+
     Folder folder;
-    std::vector<std::string> names;
+    std::string texts;
+    std::vector<Entry> entries;
     std::size_t next = 0;
+
+    std::string_view key(const Entry& entry) const
+    {
+        return std::string_view(texts).substr(entry.key, entry.name - entry.key);
+    }
+    std::string_view name(const Entry& entry) const { return std::string_view(texts).substr(entry.name, entry.length); }
 };
 
 std::mutex searchesMutex;
 std::unordered_map<HANDLE, std::unique_ptr<Search>> searches;
 
-std::vector<std::string> matchingNames(DIR* folder, const std::wstring& pattern)
+bool isAscii(std::string_view text)
 {
-    struct Entry
-    {
-        std::wstring key;
-        std::string name;
-    };
-    std::vector<Entry> entries;
-    while (const dirent* const entry = readdir(folder))
-    {
-        std::wstring key = folded(fromUtf8(entry->d_name));
-        if (matchesWildcard(key, pattern))
-        {
-            entries.push_back({std::move(key), entry->d_name});
-        }
-    }
-    std::sort(entries.begin(), entries.end(),
-              [](const Entry& a, const Entry& b) { return a.key != b.key ? a.key < b.key : a.name < b.name; });
-    std::vector<std::string> names;
-    names.reserve(entries.size());
-    for (Entry& entry : entries)
-    {
-        names.push_back(std::move(entry.name));
-    }
-    return names;
+    return std::all_of(text.begin(), text.end(),
+                       [](char character) { return static_cast<unsigned char>(character) < 0x80; });
 }
 
-void describe(const std::string& name, const struct stat& status, bool isLink, WIN32_FIND_DATAW& data)
+void appendFolded(std::string& texts, std::string_view name)
+{
+    if (!isAscii(name))
+    {
+        texts += toUtf8(folded(fromUtf8(name)));
+        return;
+    }
+    for (const char character : name)
+    {
+        texts += character >= 'a' && character <= 'z' ? static_cast<char>(character - ('a' - 'A')) : character;
+    }
+}
+
+// Names are ordered by their folded characters; UTF-8 keeps that order among its bytes.
+void findEntries(Search& search, const std::wstring& pattern)
+{
+    const bool all = matchesEverything(pattern);
+    while (const dirent* const entry = readdir(search.folder.get()))
+    {
+        const std::string_view name = entry->d_name;
+        if (all || matchesWildcard(folded(fromUtf8(name)), pattern))
+        {
+            const std::size_t key = search.texts.size();
+            appendFolded(search.texts, name);
+            search.entries.push_back({key, search.texts.size(), name.size()});
+            search.texts.append(name).push_back('\0');
+        }
+    }
+    std::sort(search.entries.begin(), search.entries.end(),
+              [&search](const Search::Entry& a, const Search::Entry& b)
+              {
+                  const int order = search.key(a).compare(search.key(b));
+                  return order != 0 ? order < 0 : search.name(a) < search.name(b);
+              });
+}
+
+void storeName(std::string_view name, wchar_t (&out)[MAX_PATH])
+{
+    if (name.size() < MAX_PATH && isAscii(name))
+    {
+        std::copy(name.begin(), name.end(), out);
+        return;
+    }
+    fromUtf8(name).copy(out, MAX_PATH - 1);
+}
+
+void describe(std::string_view name, const struct stat& status, bool isLink, WIN32_FIND_DATAW& data)
 {
     data = {};
     data.dwFileAttributes = attributesOf(name, status, isLink);
@@ -77,18 +118,18 @@ void describe(const std::string& name, const struct stat& status, bool isLink, W
     data.ftLastWriteTime = fileTime(status.st_mtime);
     data.nFileSizeHigh = static_cast<DWORD>(static_cast<std::uint64_t>(status.st_size) >> 32);
     data.nFileSizeLow = static_cast<DWORD>(status.st_size);
-    fromUtf8(name).copy(data.cFileName, MAX_PATH - 1);
+    storeName(name, data.cFileName);
 }
 
 // Hands out the next entry that still exists.
 bool handOut(Search& search, WIN32_FIND_DATAW& data)
 {
-    while (search.next < search.names.size())
+    while (search.next < search.entries.size())
     {
-        const std::string& name = search.names[search.next++];
+        const std::string_view name = search.name(search.entries[search.next++]);
         struct stat status;
         bool isLink = false;
-        if (statusAt(dirfd(search.folder.get()), name, status, isLink))
+        if (statusAt(dirfd(search.folder.get()), name.data(), status, isLink))
         {
             describe(name, status, isLink, data);
             return true;
@@ -118,7 +159,7 @@ HANDLE FileSystemService::FindFirstFileW(const wchar_t* lpFileName, WIN32_FIND_D
         return INVALID_HANDLE_VALUE;
     }
     const std::wstring pattern = folded(path.substr(separator == path.npos ? 0 : separator + 1));
-    search->names = matchingNames(search->folder.get(), pattern);
+    findEntries(*search, pattern);
     if (!handOut(*search, *lpFindFileData))
     {
         errno = errorFileNotFound;

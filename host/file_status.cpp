@@ -18,22 +18,22 @@ constexpr DWORD reparsePoint = 0x400;
 
 } // namespace
 
-bool statusAt(int folder, const std::string& name, struct stat& status, bool& isLink)
+bool statusAt(int folder, const char* name, struct stat& status, bool& isLink)
 {
-    if (fstatat(folder, name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0)
+    if (fstatat(folder, name, &status, AT_SYMLINK_NOFOLLOW) != 0)
     {
         return false;
     }
     isLink = S_ISLNK(status.st_mode);
     struct stat target;
-    if (isLink && fstatat(folder, name.c_str(), &target, 0) == 0)
+    if (isLink && fstatat(folder, name, &target, 0) == 0)
     {
         status = target;
     }
     return true;
 }
 
-DWORD attributesOf(const std::string& name, const struct stat& status, bool isLink)
+DWORD attributesOf(std::string_view name, const struct stat& status, bool isLink)
 {
     DWORD attributes = S_ISDIR(status.st_mode)                              ? directory
                        : S_ISREG(status.st_mode) || S_ISLNK(status.st_mode) ? archive

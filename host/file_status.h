@@ -4,17 +4,17 @@
 #include "kest/base_types.h"
 
 #include <ctime>
-#include <string>
+#include <string_view>
 #include <sys/stat.h>
 
 namespace kest::host
 {
 
 // The status of a folder's entry: of what a link leads to, or of the link where that is nothing.
-bool statusAt(int folder, const std::string& name, struct stat& status, bool& isLink);
+bool statusAt(int folder, const char* name, struct stat& status, bool& isLink);
 
 // FILE_ATTRIBUTE_* of a file; the name decides whether it is hidden.
-DWORD attributesOf(const std::string& name, const struct stat& status, bool isLink);
+DWORD attributesOf(std::string_view name, const struct stat& status, bool isLink);
 
 // Whole seconds since 1970.
 FILETIME fileTime(std::time_t seconds);

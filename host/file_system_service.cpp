@@ -74,7 +74,7 @@ DWORD FileSystemService::GetFileAttributesW(const wchar_t* lpFileName)
     const std::optional<std::string> path = lpFileName == nullptr ? std::nullopt : existingPath(lpFileName);
     struct stat status;
     bool isLink = false;
-    if (!path || !statusAt(AT_FDCWD, *path, status, isLink))
+    if (!path || !statusAt(AT_FDCWD, path->c_str(), status, isLink))
     {
         errno = errorFileNotFound;
         return invalidAttributes;

@@ -204,8 +204,9 @@ void RegistryStore::open()
     try
     {
         makeSchema();
+        auto statements = std::make_unique<Statements>(database_);
         useWriteAheadLog();
-        statements_ = std::make_unique<Statements>(database_);
+        statements_ = std::move(statements);
     }
     catch (...)
     {

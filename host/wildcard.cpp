@@ -46,9 +46,14 @@ bool matches(std::wstring_view name, std::wstring_view pattern)
 
 } // namespace
 
+bool matchesEverything(std::wstring_view pattern)
+{
+    return pattern == L"*" || pattern == L"*.*";
+}
+
 bool matchesWildcard(std::wstring_view name, std::wstring_view pattern)
 {
-    if (pattern == L"*.*")
+    if (matchesEverything(pattern))
     {
         return true;
     }

@@ -1,12 +1,13 @@
 #include "kest/reference_host.h"
 
+#include "harness/in_child.h"
+#include "harness/scoped_variable.h"
 #include "harness/scratch_folder.h"
 #include "harness/stub_services.h"
 #include "kest/kernel.h"
 #include "kest/registry.h"
 #include "kest/shell_paths.h"
 
-#include <cstdlib>
 #include <gtest/gtest.h>
 #include <string>
 
@@ -20,7 +21,7 @@ using kest::test::ScratchFolder;
 TEST(ReferenceHost, ServesTheExportedFunctions)
 {
     ScratchFolder folder;
-    setenv("KEST_REGISTRY", (folder.path() / "registry.db").c_str(), 1);
+    const kest::test::ScopedVariable registry("KEST_REGISTRY", (folder.path() / "registry.db").c_str());
     for (int run = 0; run < 2; ++run)
     {
         KestReferenceHost host;
@@ -77,6 +78,54 @@ TEST(ReferenceHost, SuppliesEveryService)
     EXPECT_NE(hub->dialogService(), nullptr);
     EXPECT_NE(hub->registryService(), nullptr);
     EXPECT_NE(hub->systemService(), nullptr);
+}
+
+// A port runs as several programs, and all of them keep their settings.
+TEST(ReferenceHost, LosesNoWriteOfEightProcessesToItsStores)
+{
+    ScratchFolder folder;
+    const kest::test::ScopedVariable registry("KEST_REGISTRY", (folder.path() / "registry.db").c_str());
+    const std::wstring file = folder.path().wstring() + L"/settings.ini";
+    const auto nameOf = [](int process, int number)
+    { return std::to_wstring(process) + L" " + std::to_wstring(number); };
+    constexpr int writes = 10;
+    EXPECT_EQ(kest::test::failuresInChildren(
+                  8,
+                  [&](int process)
+                  {
+                      KestReferenceHost host;
+                      const InstalledHub installed(&host);
+                      HKEY key = nullptr;
+                      ASSERT_EQ(RegCreateKeyW(HKEY_CURRENT_USER, L"Shared", &key), 0);
+                      for (int number = 0; number < writes; ++number)
+                      {
+                          const std::wstring name = nameOf(process, number);
+                          ASSERT_EQ(RegSetValueExW(key, name.c_str(), 0, REG_DWORD,
+                                                   reinterpret_cast<const BYTE*>(&number), sizeof number),
+                                    0);
+                          ASSERT_EQ(WritePrivateProfileStringW(L"shared", name.c_str(), name.c_str(), file.c_str()), 1);
+                      }
+                  }),
+              0);
+    KestReferenceHost host;
+    const InstalledHub installed(&host);
+    HKEY key = nullptr;
+    ASSERT_EQ(RegOpenKeyW(HKEY_CURRENT_USER, L"Shared", &key), 0);
+    for (int process = 0; process < 8; ++process)
+    {
+        for (int number = 0; number < writes; ++number)
+        {
+            const std::wstring name = nameOf(process, number);
+            int value = -1;
+            DWORD bytes = sizeof value;
+            EXPECT_EQ(RegQueryValueExW(key, name.c_str(), nullptr, nullptr, reinterpret_cast<BYTE*>(&value), &bytes),
+                      0);
+            EXPECT_EQ(value, number);
+            wchar_t text[20] = {};
+            GetPrivateProfileStringW(L"shared", name.c_str(), L"", text, 20, file.c_str());
+            EXPECT_EQ(text, name);
+        }
+    }
 }
 
 } // namespace

@@ -153,6 +153,8 @@ bool replaceFile(const std::string& path, const std::string& content)
     {
         return false;
     }
+    // Before anything is written: once the file is replaced there is no failing.
+    const std::string folderPath = folderOf(path);
     const std::string draft = draftOf(path);
     if (!writeDraft(draft, content, present ? std::optional<mode_t>(status.st_mode & 07777) : std::nullopt) ||
         rename(draft.c_str(), path.c_str()) != 0)
@@ -162,7 +164,7 @@ bool replaceFile(const std::string& path, const std::string& content)
         errno = error;
         return false;
     }
-    const Descriptor folder(open(folderOf(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    const Descriptor folder(open(folderPath.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (folder.valid())
     {
         fsync(folder.number());

@@ -93,11 +93,21 @@ std::span<const unsigned char> Statement::data(int column) const
     return {data, static_cast<std::size_t>(sqlite3_column_bytes(statement_, column))};
 }
 
-Transaction::Transaction(Database& database, Kind kind) : database_(database), open_(!database.inTransaction())
+void Database::endAbandonedTransaction()
+{
+    if (!transactionRuns_ && sqlite3_get_autocommit(connection_) == 0)
+    {
+        execute("ROLLBACK");
+    }
+}
+
+Transaction::Transaction(Database& database, Kind kind) : database_(database), open_(!database.transactionRuns_)
 {
     if (open_)
     {
+        database_.endAbandonedTransaction();
         database_.execute(kind == Kind::writing ? "BEGIN IMMEDIATE" : "BEGIN");
+        database_.transactionRuns_ = true;
     }
 }
 
@@ -105,14 +115,10 @@ Transaction::~Transaction()
 {
     if (open_)
     {
-        try
-        {
-            database_.execute("ROLLBACK");
-        }
-        catch (const DatabaseError&)
-        {
-            // SQLite has rolled back by itself, as it does after a full disk.
-        }
+        // Fails where SQLite has rolled back by itself, as it does after a full disk, and without memory: then it is
+        // made up for before the next operation.
+        sqlite3_exec(database_.connection_, "ROLLBACK", nullptr, nullptr, nullptr);
+        database_.transactionRuns_ = false;
     }
 }
 
@@ -121,6 +127,7 @@ void Transaction::commit()
     if (open_)
     {
         database_.execute("COMMIT");
+        database_.transactionRuns_ = false;
         open_ = false;
     }
 }

@@ -37,16 +37,19 @@ public:
     bool isOpen() const { return connection_ != nullptr; }
 
     void execute(const char* sql);
-    bool inTransaction() const { return sqlite3_get_autocommit(connection_) == 0; }
+    // Ends a transaction that could not be rolled back at its own end, for want of memory say. Throws if it still cannot.
+    void endAbandonedTransaction();
     std::int64_t lastInsertedRow() const { return sqlite3_last_insert_rowid(connection_); }
     // Changes whenever this connection or, after its next read, another one has changed the database.
     std::int64_t ownChanges() const { return sqlite3_total_changes64(connection_); }
 
 private:
     friend class Statement;
+    friend class Transaction;
     void check(int code) const;
 
     sqlite3* connection_ = nullptr;
+    bool transactionRuns_ = false;
 };
 
 class Statement

@@ -1,5 +1,6 @@
 #include "kest/host/dialog_service.h"
 
+#include "out_of_memory.h"
 #include "terminal_question.h"
 #include "text.h"
 #include "windows_errors.h"
@@ -8,6 +9,7 @@
 #include <deque>
 #include <iterator>
 #include <mutex>
+#include <new>
 #include <string>
 #include <unordered_map>
 #include <utility>
@@ -192,6 +194,7 @@ int TerminalDialogService::dispatchPosted()
 }
 
 int TerminalDialogService::MessageBoxW(HWND, const wchar_t* lpText, const wchar_t* lpCaption, UINT uType)
+try
 {
     const std::size_t kind = uType & kindMask;
     const std::vector<Choice>& choices = boxButtons[kind < std::size(boxButtons) ? kind : 0];
@@ -204,8 +207,13 @@ int TerminalDialogService::MessageBoxW(HWND, const wchar_t* lpText, const wchar_
     question.preferred = preferred < choices.size() ? preferred : 0;
     return state_->askOne(question);
 }
+catch (const std::bad_alloc&)
+{
+    return withoutMemory(0);
+}
 
 BOOL TerminalDialogService::PostMessageW(HWND hWnd, UINT Msg, WPARAM wParam, LPARAM lParam)
+try
 {
     const std::lock_guard lock(state_->mutex);
     if (!state_->windows.contains(hWnd))
@@ -214,6 +222,10 @@ BOOL TerminalDialogService::PostMessageW(HWND hWnd, UINT Msg, WPARAM wParam, LPA
     }
     state_->posted.push_back({hWnd, Msg, wParam, lParam});
     return 1;
+}
+catch (const std::bad_alloc&)
+{
+    return withoutMemory(0);
 }
 
 LRESULT TerminalDialogService::SendMessageW(HWND hWnd, UINT Msg, WPARAM wParam, LPARAM lParam)
@@ -224,6 +236,7 @@ LRESULT TerminalDialogService::SendMessageW(HWND hWnd, UINT Msg, WPARAM wParam, 
 
 HRESULT TerminalDialogService::TaskDialogIndirect(const TASKDIALOGCONFIG* pTaskConfig, int* pnButton,
                                                   int* pnRadioButton, BOOL* pfVerificationFlagChecked)
+try
 {
     if (pTaskConfig == nullptr || pTaskConfig->cbSize != sizeof(TASKDIALOGCONFIG))
     {
@@ -297,6 +310,10 @@ HRESULT TerminalDialogService::TaskDialogIndirect(const TASKDIALOGCONFIG* pTaskC
         *pfVerificationFlagChecked = checked;
     }
     return 0;
+}
+catch (const std::bad_alloc&)
+{
+    return withoutMemory(E_OUTOFMEMORY);
 }
 
 } // namespace kest::host

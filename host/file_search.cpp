@@ -2,6 +2,7 @@
 #include "file_status.h"
 #include "folders.h"
 #include "kest/host/file_system_service.h"
+#include "out_of_memory.h"
 #include "path_resolution.h"
 #include "unicode.h"
 #include "wildcard.h"
@@ -13,6 +14,7 @@
 #include <fcntl.h>
 #include <memory>
 #include <mutex>
+#include <new>
 #include <string>
 #include <string_view>
 #include <sys/stat.h>
@@ -141,6 +143,7 @@ bool handOut(Search& search, WIN32_FIND_DATAW& data)
 } // namespace
 
 HANDLE FileSystemService::FindFirstFileW(const wchar_t* lpFileName, WIN32_FIND_DATAW* lpFindFileData)
+try
 {
     if (lpFileName == nullptr || lpFindFileData == nullptr)
     {
@@ -170,8 +173,13 @@ HANDLE FileSystemService::FindFirstFileW(const wchar_t* lpFileName, WIN32_FIND_D
     searches[handle] = std::move(search);
     return handle;
 }
+catch (const std::bad_alloc&)
+{
+    return withoutMemory(INVALID_HANDLE_VALUE);
+}
 
 BOOL FileSystemService::FindNextFileW(HANDLE hFindFile, WIN32_FIND_DATAW* lpFindFileData)
+try
 {
     Search* search = nullptr;
     {
@@ -190,6 +198,10 @@ BOOL FileSystemService::FindNextFileW(HANDLE hFindFile, WIN32_FIND_DATAW* lpFind
         return 0;
     }
     return 1;
+}
+catch (const std::bad_alloc&)
+{
+    return withoutMemory(0);
 }
 
 BOOL FileSystemService::FindClose(HANDLE hFindFile)

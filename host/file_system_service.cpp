@@ -1,6 +1,7 @@
 #include "kest/host/file_system_service.h"
 
 #include "file_status.h"
+#include "out_of_memory.h"
 #include "path_resolution.h"
 #include "unicode.h"
 #include "windows_errors.h"
@@ -9,6 +10,7 @@
 #include <cstdlib>
 #include <cwchar>
 #include <fcntl.h>
+#include <new>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -58,6 +60,7 @@ std::vector<std::wstring_view> componentsOf(std::wstring_view path)
 } // namespace
 
 BOOL FileSystemService::PathFileExistsW(const wchar_t* path, std::wstring& actualPath)
+try
 {
     const std::optional<std::string> found = path == nullptr ? std::nullopt : existingPath(path);
     if (!found)
@@ -68,8 +71,13 @@ BOOL FileSystemService::PathFileExistsW(const wchar_t* path, std::wstring& actua
     actualPath = fromUtf8(*found);
     return 1;
 }
+catch (const std::bad_alloc&)
+{
+    return withoutMemory(0);
+}
 
 DWORD FileSystemService::GetFileAttributesW(const wchar_t* lpFileName)
+try
 {
     const std::optional<std::string> path = lpFileName == nullptr ? std::nullopt : existingPath(lpFileName);
     struct stat status;
@@ -81,8 +89,13 @@ DWORD FileSystemService::GetFileAttributesW(const wchar_t* lpFileName)
     }
     return attributesOf(lastComponent(*path), status, isLink);
 }
+catch (const std::bad_alloc&)
+{
+    return withoutMemory(invalidAttributes);
+}
 
 BOOL FileSystemService::SetFileAttributesW(const wchar_t* lpFileName, DWORD dwFileAttributes)
+try
 {
     const std::optional<std::string> path = lpFileName == nullptr ? std::nullopt : existingPath(lpFileName);
     struct stat status;
@@ -100,6 +113,10 @@ BOOL FileSystemService::SetFileAttributesW(const wchar_t* lpFileName, DWORD dwFi
         return 0;
     }
     return 1;
+}
+catch (const std::bad_alloc&)
+{
+    return withoutMemory(0);
 }
 
 BOOL FileSystemService::PathIsURLW(const wchar_t* pszPath)
@@ -139,6 +156,7 @@ wchar_t* FileSystemService::PathAddBackslashW(wchar_t* pszPath)
 
 BOOL FileSystemService::PathRelativePathToW(wchar_t* pszPath, const wchar_t* pszFrom, DWORD dwAttrFrom,
                                             const wchar_t* pszTo, DWORD)
+try
 {
     if (pszPath == nullptr || pszFrom == nullptr || pszTo == nullptr || isSeparator(*pszFrom) != isSeparator(*pszTo))
     {
@@ -172,8 +190,13 @@ BOOL FileSystemService::PathRelativePathToW(wchar_t* pszPath, const wchar_t* psz
     std::wmemcpy(pszPath, result.c_str(), result.size() + 1);
     return 1;
 }
+catch (const std::bad_alloc&)
+{
+    return withoutMemory(0);
+}
 
 DWORD FileSystemService::GetTempPathW(DWORD nBufferLength, wchar_t* lpBuffer)
+try
 {
     std::wstring path = L"/tmp";
     for (const char* const variable : {"TMPDIR", "TMP", "TEMP"})
@@ -195,6 +218,10 @@ DWORD FileSystemService::GetTempPathW(DWORD nBufferLength, wchar_t* lpBuffer)
     }
     std::wmemcpy(lpBuffer, path.c_str(), path.size() + 1);
     return length;
+}
+catch (const std::bad_alloc&)
+{
+    return withoutMemory(0U);
 }
 
 BOOL FileSystemService::PathIsRelativeW(const wchar_t* pszPath)

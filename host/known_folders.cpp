@@ -2,11 +2,13 @@
 #include "folders.h"
 #include "kest/host/file_system_service.h"
 #include "kest/shell_paths.h"
+#include "out_of_memory.h"
 #include "unicode.h"
 #include "windows_errors.h"
 
 #include <cwchar>
 #include <fstream>
+#include <new>
 #include <optional>
 #include <string>
 #include <unistd.h>
@@ -93,6 +95,7 @@ std::string knownFolder(int folder)
 } // namespace
 
 HRESULT FileSystemService::SHGetFolderPathW(HWND, int nFolder, HANDLE, DWORD, wchar_t* pszPath)
+try
 {
     if (pszPath == nullptr)
     {
@@ -117,6 +120,10 @@ HRESULT FileSystemService::SHGetFolderPathW(HWND, int nFolder, HANDLE, DWORD, wc
     }
     std::wmemcpy(pszPath, path.c_str(), path.size() + 1);
     return 0;
+}
+catch (const std::bad_alloc&)
+{
+    return withoutMemory(E_OUTOFMEMORY);
 }
 
 } // namespace kest::host

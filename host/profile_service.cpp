@@ -2,6 +2,7 @@
 
 #include "atomic_file.h"
 #include "folders.h"
+#include "out_of_memory.h"
 #include "path_resolution.h"
 #include "profile_file.h"
 #include "unicode.h"
@@ -11,6 +12,8 @@
 #include <cerrno>
 #include <cstdint>
 #include <cstdlib>
+#include <memory>
+#include <new>
 #include <optional>
 #include <string>
 #include <vector>
@@ -136,6 +139,14 @@ DWORD storeList(const std::basic_string<CharT>& list, CharT* out, DWORD size)
     return size - 2;
 }
 
+// An empty text or list; 0.
+template <class CharT>
+DWORD storeEmpty(CharT* out, DWORD size, bool isList)
+{
+    const std::basic_string<CharT> empty;
+    return isList ? storeList(empty, out, size) : storeText(empty, out, size);
+}
+
 std::wstring withoutTrailingBlanks(const wchar_t* text)
 {
     std::wstring result = text == nullptr ? L"" : text;
@@ -203,47 +214,73 @@ std::uint32_t number(std::wstring_view text)
 DWORD ProfileService::GetPrivateProfileStringW(const wchar_t* lpAppName, const wchar_t* lpKeyName,
                                                const wchar_t* lpDefault, wchar_t* lpReturnedString, DWORD nSize,
                                                const wchar_t* lpFileName)
+try
 {
     const Answer answer = lookUp(lpAppName, lpKeyName, lpDefault, lpFileName);
     return answer.isList ? storeList(answer.text, lpReturnedString, nSize)
                          : storeText(answer.text, lpReturnedString, nSize);
 }
+catch (const std::bad_alloc&)
+{
+    return withoutMemory(storeEmpty(lpReturnedString, nSize, lpAppName == nullptr || lpKeyName == nullptr));
+}
 
 DWORD ProfileService::GetPrivateProfileStringA(const char* lpAppName, const char* lpKeyName, const char* lpDefault,
                                                char* lpReturnedString, DWORD nSize, const char* lpFileName)
+try
 {
     const Answer answer = lookUp(pointer(widened(lpAppName)), pointer(widened(lpKeyName)), pointer(widened(lpDefault)),
                                  pointer(widened(lpFileName)));
     const std::string text = narrowed(answer.text);
     return answer.isList ? storeList(text, lpReturnedString, nSize) : storeText(text, lpReturnedString, nSize);
 }
+catch (const std::bad_alloc&)
+{
+    return withoutMemory(storeEmpty(lpReturnedString, nSize, lpAppName == nullptr || lpKeyName == nullptr));
+}
 
 UINT ProfileService::GetPrivateProfileIntW(const wchar_t* lpAppName, const wchar_t* lpKeyName, INT nDefault,
                                            const wchar_t* lpFileName)
+try
 {
     const std::optional<ProfileFile> file = read(lpFileName);
     const std::optional<std::wstring> value =
         file && lpAppName != nullptr && lpKeyName != nullptr ? file->value(lpAppName, lpKeyName) : std::nullopt;
     return value ? number(*value) : static_cast<UINT>(nDefault);
 }
+catch (const std::bad_alloc&)
+{
+    return withoutMemory(static_cast<UINT>(nDefault));
+}
 
 UINT ProfileService::GetPrivateProfileIntA(const char* lpAppName, const char* lpKeyName, INT nDefault,
                                            const char* lpFileName)
+try
 {
     return GetPrivateProfileIntW(pointer(widened(lpAppName)), pointer(widened(lpKeyName)), nDefault,
                                  pointer(widened(lpFileName)));
 }
+catch (const std::bad_alloc&)
+{
+    return withoutMemory(static_cast<UINT>(nDefault));
+}
 
 DWORD ProfileService::GetPrivateProfileSectionW(const wchar_t* lpAppName, wchar_t* lpReturnedString, DWORD nSize,
                                                 const wchar_t* lpFileName)
+try
 {
     const std::optional<ProfileFile> file = read(lpFileName);
     return storeList(file && lpAppName != nullptr ? joined(file->lines(lpAppName)) : std::wstring(), lpReturnedString,
                      nSize);
 }
+catch (const std::bad_alloc&)
+{
+    return withoutMemory(storeEmpty(lpReturnedString, nSize, true));
+}
 
 BOOL ProfileService::WritePrivateProfileStringW(const wchar_t* lpAppName, const wchar_t* lpKeyName,
                                                 const wchar_t* lpString, const wchar_t* lpFileName)
+try
 {
     if (lpAppName == nullptr || lpFileName == nullptr)
     {
@@ -256,11 +293,11 @@ BOOL ProfileService::WritePrivateProfileStringW(const wchar_t* lpAppName, const 
         return refused(errno);
     }
     // A link stays one: what it leads to is replaced.
-    if (char* const target = realpath(path.c_str(), nullptr))
+    const std::unique_ptr<char, decltype(&std::free)> target(realpath(path.c_str(), nullptr), std::free);
+    if (target != nullptr)
     {
-        path = target;
+        path = target.get();
         folder = path.substr(0, path.rfind('/') + 1);
-        std::free(target);
     }
     const FolderLock lock(folder);
     if (!lock.held())
@@ -289,12 +326,21 @@ BOOL ProfileService::WritePrivateProfileStringW(const wchar_t* lpAppName, const 
     const std::string after = file.content();
     return before == after || replaceFile(path, after) ? 1 : refused(errno);
 }
+catch (const std::bad_alloc&)
+{
+    return withoutMemory(0);
+}
 
 BOOL ProfileService::WritePrivateProfileStringA(const char* lpAppName, const char* lpKeyName, const char* lpString,
                                                 const char* lpFileName)
+try
 {
     return WritePrivateProfileStringW(pointer(widened(lpAppName)), pointer(widened(lpKeyName)),
                                       pointer(widened(lpString)), pointer(widened(lpFileName)));
+}
+catch (const std::bad_alloc&)
+{
+    return withoutMemory(0);
 }
 
 } // namespace kest::host

@@ -197,6 +197,7 @@ void RegistryStore::open()
 {
     if (statements_ != nullptr)
     {
+        database_.endAbandonedTransaction();
         return;
     }
     createFile();

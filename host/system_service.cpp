@@ -1,6 +1,7 @@
 #include "kest/host/system_service.h"
 
 #include "folders.h"
+#include "out_of_memory.h"
 #include "unicode.h"
 #include "windows_errors.h"
 
@@ -10,6 +11,7 @@
 #include <clocale>
 #include <cstdlib>
 #include <cwchar>
+#include <new>
 #include <optional>
 #include <pwd.h>
 #include <string>
@@ -217,6 +219,7 @@ std::optional<std::string> variable(std::wstring_view name)
 
 int SystemService::GetNumberFormatW(LCID, DWORD dwFlags, const wchar_t* lpValue, const NUMBERFMTW* lpFormat,
                                     wchar_t* lpNumberStr, int cchNumber)
+try
 {
     const std::optional<Format> format = formatOf(lpFormat, dwFlags);
     const std::optional<Number> number = format && lpValue != nullptr ? rounded(lpValue, format->digits) : std::nullopt;
@@ -238,6 +241,10 @@ int SystemService::GetNumberFormatW(LCID, DWORD dwFlags, const wchar_t* lpValue,
     }
     std::wmemcpy(lpNumberStr, text.c_str(), text.size() + 1);
     return needed;
+}
+catch (const std::bad_alloc&)
+{
+    return withoutMemory(0);
 }
 
 std::wstring SystemService::ExpandEnvironmentStringsW(const std::wstring& text)

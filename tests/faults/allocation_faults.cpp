@@ -211,6 +211,10 @@ void expectEveryFailureHandled(const AllocatingCall& row)
     EXPECT_FALSE(roundWithoutLeak(row, never, thisOne));
     for (const auto extent : {thisOne, thisOneAndAllBehindIt})
     {
+        if (row.oneAlone && extent == thisOneAndAllBehindIt)
+        {
+            return;
+        }
         long number = 1;
         while (!testing::Test::HasFailure() && roundWithoutLeak(row, number, extent))
         {

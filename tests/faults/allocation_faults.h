@@ -46,6 +46,8 @@ struct AllocatingCall
     bool mayThrow = false;
     // Whether the state is that of success, or that of failure.
     std::function<void(bool succeeded)> check = [](bool) {};
+    // For a call of so many allocations that failing one alone has to do.
+    bool oneAlone = false;
     // Around each call; after the second the process holds the blocks and descriptors that it held before the first.
     std::function<void()> prepare = [] {};
     std::function<void()> release = [] {};

@@ -11,7 +11,8 @@
  *     class Host : public KestReferenceHost { IWindowService* windowService() override { return &windows; } ... };
  *
  * Every service is a class of its own with a header of its own, to be used or derived from alone. Their
- * operations may be called from any thread. The host must outlive every call into the library.
+ * operations may be called from any thread. Without memory they fail, with ERROR_NOT_ENOUGH_MEMORY or what their own
+ * results have for it. The host must outlive every call into the library.
  */
 #ifndef KEST_REFERENCE_HOST_H
 #define KEST_REFERENCE_HOST_H

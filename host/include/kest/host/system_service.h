@@ -25,7 +25,8 @@ public:
     /**
      * Replaces %NAME% by the environment variable's value: the exact name first, else one that differs in case only.
      * Of names that Windows sets and nobody has set here, USERPROFILE, APPDATA, LOCALAPPDATA, TEMP, TMP, USERNAME and
-     * COMPUTERNAME are known. Anything else stays as it stands.
+     * COMPUTERNAME are known. Anything else stays as it stands. Without memory std::bad_alloc comes out, which the
+     * library answers with 0.
      */
     std::wstring ExpandEnvironmentStringsW(const std::wstring& text) override;
 };

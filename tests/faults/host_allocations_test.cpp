@@ -1,0 +1,401 @@
+// The reference host's stores without memory: Windows's answer for it, what stands on disk stays, nothing leaks.
+#include "faults/allocation_faults.h"
+#include "harness/scoped_variable.h"
+#include "harness/scratch_folder.h"
+#include "harness/sentinel_buffer.h"
+#include "kest/host/file_system_service.h"
+#include "kest/host/profile_service.h"
+#include "kest/host/registry_service.h"
+#include "kest/registry.h"
+#include "kest/shell_paths.h"
+
+#include <cerrno>
+#include <cwchar>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <memory>
+#include <optional>
+#include <string>
+#include <unistd.h>
+#include <vector>
+
+// Nothing here must outlast the machine, and each of a thousand openings would wait for the disk.
+extern "C" __attribute__((visibility("default"))) int fsync(int)
+{
+    return 0;
+}
+extern "C" __attribute__((visibility("default"))) int fdatasync(int)
+{
+    return 0;
+}
+
+namespace
+{
+
+using namespace kest::test;
+namespace fs = std::filesystem;
+using kest::host::FileSystemService;
+using kest::host::ProfileService;
+using kest::host::RegistryService;
+
+constexpr int notEnoughMemory = 8;
+
+// ---- Profiles ------------------------------------------------------------------------------------------------------
+
+class HostProfiles : public testing::Test
+{
+protected:
+    const std::string before = "; a comment\r\n[Section]\r\nKey=a value that is long enough for the heap\r\n";
+    const std::string after = "; a comment\r\n[Section]\r\nKey=another value\r\n";
+
+    ScratchFolder folder;
+    ScopedVariable configuration{"XDG_CONFIG_HOME", (folder.path() / "config").c_str()};
+    const std::wstring file = folder.path().wstring() + L"/settings.ini";
+    const std::string narrowFile = folder.path().string() + "/settings.ini";
+    ProfileService service;
+    SentinelBuffer<wchar_t, 200> wide;
+    SentinelBuffer<char, 200> narrow;
+
+    void writeOld()
+    {
+        folder.write("settings.ini", before);
+        wide = {};
+        narrow = {};
+        errno = 0;
+    }
+
+    // The file is the old one or the new one, and the only one there.
+    void expectWhole(bool succeeded) const
+    {
+        EXPECT_EQ(folder.read("settings.ini"), succeeded ? after : before);
+        EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), fs::directory_iterator()), 1);
+    }
+};
+
+TEST_F(HostProfiles, AreReadWholeOrNotAtAll)
+{
+    const std::wstring value = L"a value that is long enough for the heap";
+    const auto prepare = [this] { writeOld(); };
+    const auto expectText = [this, &value](bool succeeded)
+    {
+        EXPECT_EQ(std::wstring(wide.data()), succeeded ? value : L"");
+        EXPECT_TRUE(succeeded || errno == notEnoughMemory) << errno;
+    };
+    expectEveryFailureHandled(std::vector<AllocatingCall>{
+        {.name = "GetPrivateProfileStringW",
+         .call =
+             [this]
+         {
+             return static_cast<long>(
+                 service.GetPrivateProfileStringW(L"section", L"key", L"?", wide.data(), 200, file.c_str()));
+         },
+         .success = static_cast<long>(value.size()),
+         .failure = 0,
+         .check = expectText,
+         .prepare = prepare},
+        {.name = "GetPrivateProfileStringW, a list",
+         .call =
+             [this] {
+                 return static_cast<long>(
+                     service.GetPrivateProfileStringW(nullptr, nullptr, L"?", wide.data(), 200, file.c_str()));
+             },
+         .success = 8,
+         .failure = 0,
+         .check = [this](bool succeeded)
+         { EXPECT_EQ(wide.contents().substr(0, 2), succeeded ? std::wstring(L"Se") : std::wstring(2, L'\0')); },
+         .prepare = prepare},
+        {.name = "GetPrivateProfileStringA",
+         .call =
+             [this]
+         {
+             return static_cast<long>(
+                 service.GetPrivateProfileStringA("section", "key", "?", narrow.data(), 200, narrowFile.c_str()));
+         },
+         .success = static_cast<long>(value.size()),
+         .failure = 0,
+         .check = [this](bool succeeded) { EXPECT_EQ(*narrow.data(), succeeded ? 'a' : '\0'); },
+         .prepare = prepare},
+        {.name = "GetPrivateProfileIntW",
+         .call = [this]
+         { return static_cast<long>(service.GetPrivateProfileIntW(L"section", L"key", 7, file.c_str())); },
+         .success = 0,
+         .failure = 7,
+         .prepare = prepare},
+        {.name = "GetPrivateProfileIntA",
+         .call = [this]
+         { return static_cast<long>(service.GetPrivateProfileIntA("section", "key", 7, narrowFile.c_str())); },
+         .success = 0,
+         .failure = 7,
+         .prepare = prepare},
+        {.name = "GetPrivateProfileSectionW",
+         .call = [this]
+         { return static_cast<long>(service.GetPrivateProfileSectionW(L"section", wide.data(), 200, file.c_str())); },
+         .success = static_cast<long>(value.size()) + 5,
+         .failure = 0,
+         .check = [this](bool succeeded)
+         { EXPECT_EQ(wide.contents().substr(0, 2), succeeded ? std::wstring(L"Ke") : std::wstring(2, L'\0')); },
+         .prepare = prepare},
+    });
+}
+
+TEST_F(HostProfiles, AreWrittenWholeOrNotAtAll)
+{
+    const auto prepare = [this] { writeOld(); };
+    const auto check = [this](bool succeeded) { expectWhole(succeeded); };
+    expectEveryFailureHandled(std::vector<AllocatingCall>{
+        {.name = "WritePrivateProfileStringW",
+         .call =
+             [this] {
+                 return static_cast<long>(
+                     service.WritePrivateProfileStringW(L"Section", L"Key", L"another value", file.c_str()));
+             },
+         .success = 1,
+         .failure = 0,
+         .check = check,
+         .prepare = prepare},
+        {.name = "WritePrivateProfileStringA",
+         .call =
+             [this]
+         {
+             return static_cast<long>(
+                 service.WritePrivateProfileStringA("Section", "Key", "another value", narrowFile.c_str()));
+         },
+         .success = 1,
+         .failure = 0,
+         .check = check,
+         .prepare = prepare},
+    });
+}
+
+// ---- The registry --------------------------------------------------------------------------------------------------
+
+class HostRegistry : public testing::Test
+{
+protected:
+    HostRegistry()
+    {
+        RegistryService made((folder.path() / "registry.db").string());
+        open(made);
+        const BYTE old[] = "old data of a value";
+        EXPECT_EQ(made.RegSetValueExW(key, L"Value", 0, REG_BINARY, old, sizeof old), ERROR_SUCCESS);
+        EXPECT_EQ(made.RegCloseKey(key), ERROR_SUCCESS);
+    }
+
+    void open(RegistryService& registry)
+    {
+        HKEY* made = nullptr;
+        EXPECT_EQ(registry.RegCreateKeyExW(HKEY_CURRENT_USER, L"Software\\A key of a longer name", 0, nullptr, 0,
+                                           KEY_ALL_ACCESS, nullptr, &made, nullptr),
+                  ERROR_SUCCESS);
+        key = *made;
+    }
+
+    // An operation on an open key; before it the value is the old one.
+    AllocatingCall operation(const char* name, std::function<LONG()> call, std::function<void(bool)> check)
+    {
+        return {.name = name,
+                .call = [call] { return static_cast<long>(call()); },
+                .success = ERROR_SUCCESS,
+                .failure = ERROR_OUTOFMEMORY,
+                .check = std::move(check),
+                .prepare =
+                    [this]
+                {
+                    fs::copy_file("registry.db", "copy.db", fs::copy_options::overwrite_existing);
+                    service.emplace((folder.path() / "copy.db").string());
+                    open(*service);
+                    child = nullptr;
+                    size = sizeof data;
+                },
+                .release =
+                    [this]
+                {
+                    service.reset();
+                    fs::remove("copy.db");
+                }};
+    }
+
+    // What a fresh connection finds.
+    std::string valueOnDisk()
+    {
+        RegistryService fresh((folder.path() / "copy.db").string());
+        HKEY opened = nullptr;
+        EXPECT_EQ(fresh.RegOpenKeyExW(HKEY_CURRENT_USER, L"Software\\A key of a longer name", 0, KEY_READ, &opened),
+                  ERROR_SUCCESS);
+        BYTE found[100] = {};
+        DWORD length = sizeof found;
+        const LONG result = fresh.RegQueryValueExW(opened, L"Value", nullptr, nullptr, found, &length);
+        return result == ERROR_SUCCESS ? reinterpret_cast<const char*>(found) : "none";
+    }
+
+    ScratchFolder folder;
+    std::optional<RegistryService> service;
+    HKEY key = nullptr;
+    HKEY* child = nullptr;
+    HKEY opened = nullptr;
+    BYTE data[100] = {};
+    DWORD size = 0;
+    wchar_t name[100] = {};
+};
+
+TEST_F(HostRegistry, KeepsWhatItHasWithoutMemory)
+{
+    static const BYTE newData[] = "new data of the value, which is longer than the old";
+    expectEveryFailureHandled(std::vector<AllocatingCall>{
+        operation(
+            "RegSetValueExW",
+            [this] { return service->RegSetValueExW(key, L"Value", 0, REG_BINARY, newData, sizeof newData); },
+            [this](bool succeeded)
+            {
+                EXPECT_EQ(valueOnDisk(), succeeded ? reinterpret_cast<const char*>(newData) : "old data of a value");
+                if (!succeeded)
+                {
+                    // The same connection has forgotten the attempt as well, and can make another.
+                    EXPECT_EQ(service->RegQueryValueExW(key, L"Value", nullptr, nullptr, data, &size), ERROR_SUCCESS);
+                    EXPECT_STREQ(reinterpret_cast<const char*>(data), "old data of a value");
+                    EXPECT_EQ(service->RegSetValueExW(key, L"Value", 0, REG_BINARY, newData, sizeof newData),
+                              ERROR_SUCCESS);
+                    EXPECT_EQ(valueOnDisk(), reinterpret_cast<const char*>(newData));
+                }
+            }),
+        operation(
+            "RegDeleteValueW", [this] { return service->RegDeleteValueW(key, L"Value"); },
+            [this](bool succeeded) { EXPECT_EQ(valueOnDisk(), succeeded ? "none" : "old data of a value"); }),
+        operation(
+            "RegCreateKeyExW",
+            [this]
+            {
+                return service->RegCreateKeyExW(key, L"Deeper\\And deeper still", 0, nullptr, 0, KEY_ALL_ACCESS,
+                                                nullptr, &child, nullptr);
+            },
+            [this](bool succeeded)
+            {
+                EXPECT_EQ(child != nullptr, succeeded);
+                EXPECT_EQ(valueOnDisk(), "old data of a value");
+            }),
+    });
+}
+
+TEST_F(HostRegistry, AnswersWhatItHasOrItsWantOfMemory)
+{
+    const auto readValue = [this] { return service->RegQueryValueExW(key, L"Value", nullptr, nullptr, data, &size); };
+    const auto stays = [this](bool) { EXPECT_EQ(valueOnDisk(), "old data of a value"); };
+    expectEveryFailureHandled(std::vector<AllocatingCall>{
+        operation("RegQueryValueExW", readValue, stays),
+        operation(
+            "RegOpenKeyExW",
+            [this] { return service->RegOpenKeyExW(HKEY_CURRENT_USER, L"Software", 0, KEY_READ, &opened); }, stays),
+        operation(
+            "RegEnumValueW",
+            [this]
+            {
+                DWORD length = 100;
+                return service->RegEnumValueW(key, 0, name, &length, nullptr, nullptr, nullptr, nullptr);
+            },
+            stays),
+        operation(
+            "RegEnumKeyExW",
+            [this]
+            {
+                DWORD length = 100;
+                return service->RegEnumKeyExW(HKEY_CURRENT_USER, 0, name, &length, nullptr, nullptr, nullptr, nullptr);
+            },
+            stays),
+    });
+}
+
+// The first call of a service opens the database.
+TEST_F(HostRegistry, OpensItsDatabaseOrAnswersItsWantOfMemory)
+{
+    AllocatingCall row = operation(
+        "RegOpenKeyExW",
+        [this] { return service->RegOpenKeyExW(HKEY_CURRENT_USER, L"Software", 0, KEY_READ, &opened); },
+        [this](bool succeeded)
+        {
+            if (!succeeded)
+            {
+                // The same service works once there is memory.
+                EXPECT_EQ(service->RegOpenKeyExW(HKEY_CURRENT_USER, L"Software", 0, KEY_READ, &opened), ERROR_SUCCESS);
+            }
+        });
+    row.prepare = [this]
+    {
+        fs::copy_file("registry.db", "copy.db", fs::copy_options::overwrite_existing);
+        service.emplace((folder.path() / "copy.db").string());
+    };
+    row.oneAlone = true;
+    expectEveryFailureHandled(row);
+}
+
+// ---- Files ---------------------------------------------------------------------------------------------------------
+
+TEST(HostFiles, AreNotFoundWithoutMemory)
+{
+    const ScratchFolder folder;
+    folder.write("a folder of a longer name/a file of a longer name", "content");
+    const std::wstring path = folder.path().wstring() + L"/A FOLDER of a longer name/a file of a longer NAME";
+    const std::wstring pattern = folder.path().wstring() + L"/a folder of a longer name/*.*";
+    FileSystemService service;
+    WIN32_FIND_DATAW found;
+    HANDLE search = INVALID_HANDLE_VALUE;
+    std::wstring actual;
+    SentinelBuffer<wchar_t, MAX_PATH> buffer;
+    const auto forget = [&]
+    {
+        actual = std::wstring();
+        buffer = {};
+        errno = 0;
+    };
+    const auto tellsWhy = [](bool succeeded) { EXPECT_TRUE(succeeded || errno == notEnoughMemory) << errno; };
+    expectEveryFailureHandled(std::vector<AllocatingCall>{
+        {.name = "PathFileExistsW",
+         .call = [&] { return static_cast<long>(service.PathFileExistsW(path.c_str(), actual)); },
+         .success = 1,
+         .failure = 0,
+         .prepare = forget,
+         .release = forget},
+        {.name = "GetFileAttributesW",
+         .call = [&] { return service.GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES ? 1L : 0L; },
+         .success = 1,
+         .failure = 0,
+         .prepare = forget},
+        {.name = "SetFileAttributesW",
+         .call = [&] { return static_cast<long>(service.SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL)); },
+         .success = 1,
+         .failure = 0,
+         .prepare = forget},
+        {.name = "FindFirstFileW",
+         .call =
+             [&]
+         {
+             search = service.FindFirstFileW(pattern.c_str(), &found);
+             return search != INVALID_HANDLE_VALUE ? 1L : 0L;
+         },
+         .success = 1,
+         .failure = 0,
+         .prepare = forget,
+         .release =
+             [&]
+         {
+             if (search != INVALID_HANDLE_VALUE)
+             {
+                 service.FindClose(search);
+             }
+         }},
+        {.name = "PathRelativePathToW",
+         .call = [&]
+         { return static_cast<long>(service.PathRelativePathToW(buffer.data(), L"/a/b", 0x10, L"/a/c/d/e", 0)); },
+         .success = 1,
+         .failure = 0,
+         .check = tellsWhy,
+         .prepare = forget},
+        {.name = "SHGetFolderPathW",
+         .call = [&]
+         { return static_cast<long>(service.SHGetFolderPathW(nullptr, CSIDL_FONTS, nullptr, 0, buffer.data())); },
+         .success = service.SHGetFolderPathW(nullptr, CSIDL_FONTS, nullptr, 0, buffer.data()),
+         .failure = E_OUTOFMEMORY,
+         .prepare = forget},
+    });
+}
+
+} // namespace

@@ -1,0 +1,347 @@
+// System calls that fail: no descriptors left, no space, no permission, a signal in the middle. What stands on disk
+// stays, and the answer is that of any other failure.
+#include "harness/in_child.h"
+#include "harness/ordinary_user.h"
+#include "harness/scoped_variable.h"
+#include "harness/scratch_folder.h"
+#include "harness/sentinel_buffer.h"
+#include "harness/stub_services.h"
+#include "kest/crt/file_wrappers.h"
+#include "kest/host/profile_service.h"
+#include "kest/host/registry_service.h"
+#include "kest/kernel.h"
+#include "kest/registry.h"
+#include "kest/shell_paths.h"
+
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <cwchar>
+#include <fcntl.h>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <string>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/time.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace
+{
+
+using namespace kest::test;
+namespace fs = std::filesystem;
+using kest::host::ProfileService;
+using kest::host::RegistryService;
+
+using Buffer = SentinelBuffer<wchar_t, 4200>;
+
+// Runs the body in a process that can open nothing more.
+template <class Body>
+int statusWithoutDescriptors(Body body)
+{
+    return statusInChild(
+        [&body]
+        {
+            const int next = dup(STDIN_FILENO);
+            close(next);
+            rlimit limit;
+            ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &limit), 0);
+            limit.rlim_cur = static_cast<rlim_t>(next);
+            ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &limit), 0);
+            body();
+            limit.rlim_cur = limit.rlim_max;
+            ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &limit), 0);
+        });
+}
+
+// Runs the body in a process whose files must not grow beyond `size` bytes, as on a disk without more space.
+template <class Body>
+int statusWithoutSpaceBehind(rlim_t size, Body body)
+{
+    return statusInChild(
+        [&body, size]
+        {
+            const rlimit limit = {size, size};
+            ASSERT_NE(std::signal(SIGXFSZ, SIG_IGN), SIG_ERR);
+            ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
+            body();
+        });
+}
+
+// Signals keep arriving while this lives, and interrupt what waits.
+class Interruptions
+{
+public:
+    Interruptions()
+    {
+        struct sigaction action = {};
+        action.sa_handler = [](int) {};
+        sigaction(SIGALRM, &action, &previous_);
+        const itimerval often = {{0, 1000}, {0, 1000}};
+        setitimer(ITIMER_REAL, &often, nullptr);
+    }
+    ~Interruptions()
+    {
+        const itimerval never = {};
+        setitimer(ITIMER_REAL, &never, nullptr);
+        sigaction(SIGALRM, &previous_, nullptr);
+    }
+    Interruptions(const Interruptions&) = delete;
+    Interruptions& operator=(const Interruptions&) = delete;
+
+private:
+    struct sigaction previous_ = {};
+};
+
+class SystemCallFaults : public testing::Test
+{
+protected:
+    ScratchFolder folder;
+};
+
+// ---- No descriptors ------------------------------------------------------------------------------------------------
+
+TEST_F(SystemCallFaults, WithoutDescriptorsFilesStayAsTheyAre)
+{
+    folder.write("source", "new");
+    folder.write("target", "old");
+    folder.write("tree/deeper/file", "1");
+    EXPECT_EQ(statusWithoutDescriptors(
+                  []
+                  {
+                      for (const DWORD disposition : {CREATE_ALWAYS, OPEN_EXISTING, OPEN_ALWAYS, TRUNCATE_EXISTING})
+                      {
+                          EXPECT_EQ(CreateFileW(L"target", GENERIC_READ | GENERIC_WRITE, 0, nullptr, disposition,
+                                                FILE_ATTRIBUTE_NORMAL, nullptr),
+                                    INVALID_HANDLE_VALUE);
+                      }
+                      errno = 0;
+                      EXPECT_EQ(_wfopen(static_cast<const wchar_t*>(L"target"), L"w"), nullptr);
+                      EXPECT_EQ(errno, EMFILE);
+                      EXPECT_EQ(CopyFileW(L"source", L"target", 0), 1);
+                      EXPECT_EQ(DeleteDirectory("tree"), 0);
+                      Buffer name;
+                      EXPECT_EQ(GetTempFileNameW(L".", L"x", 7, name.data()), 8U);
+                      EXPECT_EQ(std::wstring(name.data()), L"./x7.tmp");
+                  }),
+              0);
+    EXPECT_EQ(folder.read("target"), "old");
+    EXPECT_EQ(folder.read("source"), "new");
+    EXPECT_EQ(folder.read("tree/deeper/file"), "1");
+    EXPECT_FALSE(fs::exists("x7.tmp"));
+}
+
+TEST_F(SystemCallFaults, WithoutDescriptorsNothingIsFound)
+{
+    folder.write("settings.ini", "[section]\nkey=value\n");
+    fs::copy_file(fs::path(KEST_TEST_MODULE_FOLDER) / "librecorder.so", "libmodule.so");
+    EXPECT_EQ(statusWithoutDescriptors(
+                  []
+                  {
+                      Buffer out;
+                      EXPECT_EQ(GetEnvironmentVariableW(L"PATH", out.data(), 4096), 0U);
+                      EXPECT_EQ(out.contents(), Buffer::untouched());
+                      EXPECT_EQ(SearchPathW(L".", L"settings.ini", nullptr, 4096, out.data(), nullptr), 0U);
+                      EXPECT_EQ(out.contents(), Buffer::untouched());
+                      EXPECT_FALSE(findFile(L".", L"settings.ini"));
+                      EXPECT_EQ(PathIsDirectoryW(L"."), 0);
+                      EXPECT_EQ(LoadLibraryW(L"./module.dll"), nullptr);
+                      EXPECT_TRUE(g_loadedModuleMap.empty());
+                      EXPECT_EQ(
+                          GetPrivateProfileStringW(L"section", L"key", L"default", out.data(), 64, L"settings.ini"),
+                          7U);
+                      EXPECT_EQ(std::wstring(out.data()), L"default");
+                  }),
+              0);
+}
+
+TEST_F(SystemCallFaults, WithoutDescriptorsTheHostsStoresStayAsTheyAre)
+{
+    const std::wstring file = folder.write("settings.ini", "[section]\nkey=value\n").wstring();
+    const std::string database = (folder.path() / "registry.db").string();
+    const auto write = [&database](const char* text)
+    {
+        RegistryService registry(database);
+        return registry.RegSetValueExW(HKEY_CURRENT_USER, L"Value", 0, REG_SZ, reinterpret_cast<const BYTE*>(text), 4);
+    };
+    ASSERT_EQ(write("old"), ERROR_SUCCESS);
+    EXPECT_EQ(statusWithoutDescriptors(
+                  [&]
+                  {
+                      ProfileService profiles;
+                      EXPECT_EQ(profiles.WritePrivateProfileStringW(L"section", L"key", L"new", file.c_str()), 0);
+                      EXPECT_NE(write("new"), ERROR_SUCCESS);
+                  }),
+              0);
+    EXPECT_EQ(folder.read("settings.ini"), "[section]\nkey=value\n");
+    RegistryService registry(database);
+    BYTE data[4] = {};
+    DWORD size = sizeof data;
+    EXPECT_EQ(registry.RegQueryValueExW(HKEY_CURRENT_USER, L"Value", nullptr, nullptr, data, &size), ERROR_SUCCESS);
+    EXPECT_STREQ(reinterpret_cast<const char*>(data), "old");
+}
+
+// ---- No space ------------------------------------------------------------------------------------------------------
+
+TEST_F(SystemCallFaults, WithoutSpaceACopyKeepsItsSource)
+{
+    const std::string content(100000, 'c');
+    folder.write("source", content);
+    folder.write("more", "more");
+    EXPECT_EQ(statusWithoutSpaceBehind(10000, [] { EXPECT_EQ(CopyFileW(L"source", L"target", 0), 1); }), 0);
+    EXPECT_EQ(folder.read("source"), content);
+    EXPECT_EQ(folder.read("target"), content.substr(0, 10000));
+}
+
+TEST_F(SystemCallFaults, WithoutSpaceClosingFails)
+{
+    EXPECT_EQ(statusWithoutSpaceBehind(10,
+                                       []
+                                       {
+                                           const HANDLE file =
+                                               CreateFileW(L"target", GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                                                           FILE_ATTRIBUTE_NORMAL, nullptr);
+                                           ASSERT_NE(file, INVALID_HANDLE_VALUE);
+                                           DWORD written = 0;
+                                           EXPECT_EQ(WriteFile(file, "0123456789abcdef", 16, &written, nullptr), 1);
+                                           EXPECT_EQ(CloseHandle(file), 0);
+                                       }),
+              0);
+    EXPECT_EQ(folder.read("target"), "0123456789");
+}
+
+TEST_F(SystemCallFaults, WithoutSpaceAProfileStaysAsItIs)
+{
+    const std::string before = "[section]\nkey=" + std::string(200, 'v') + "\n";
+    const std::wstring file = folder.write("settings.ini", before).wstring();
+    EXPECT_EQ(statusWithoutSpaceBehind(
+                  100,
+                  [&file]
+                  {
+                      ProfileService profiles;
+                      EXPECT_EQ(profiles.WritePrivateProfileStringW(L"section", L"key", L"new", file.c_str()), 1);
+                      EXPECT_EQ(profiles.WritePrivateProfileStringW(L"section", L"other",
+                                                                    std::wstring(200, L'o').c_str(), file.c_str()),
+                                0);
+                  }),
+              0);
+    EXPECT_EQ(folder.read("settings.ini"), "[section]\nkey=new\n");
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), fs::directory_iterator()), 1);
+}
+
+// ---- No permission -------------------------------------------------------------------------------------------------
+
+TEST_F(SystemCallFaults, WithoutPermissionFilesStayAsTheyAre)
+{
+    folder.write("source", "new");
+    folder.write("target", "old");
+    folder.write("tree/file", "1");
+    fs::permissions(".", fs::perms::owner_all | fs::perms::others_read | fs::perms::others_exec);
+    for (const char* const name : {"source", "target", "tree/file"})
+    {
+        fs::permissions(name, fs::perms::owner_read | fs::perms::others_read);
+    }
+    fs::permissions(".", fs::perms::owner_write | fs::perms::group_write, fs::perm_options::remove);
+    fs::permissions("tree", fs::perms::owner_write | fs::perms::group_write, fs::perm_options::remove);
+    EXPECT_EQ(statusOfOrdinaryUser(
+                  []
+                  {
+                      EXPECT_EQ(CopyFileW(L"source", L"target", 0), 1);
+                      EXPECT_EQ(DeleteFileW(L"target"), 0);
+                      EXPECT_EQ(_wremove(L"target"), -1);
+                      EXPECT_EQ(errno, EACCES);
+                      EXPECT_EQ(_wrename(L"source", L"target"), -1);
+                      EXPECT_EQ(DeleteDirectory("tree"), 0);
+                      EXPECT_EQ(CreateDirectoryW(L"new/deeper", nullptr), 0);
+                      EXPECT_EQ(CreateFileW(L"target", GENERIC_READ | GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                                            FILE_ATTRIBUTE_NORMAL, nullptr),
+                                INVALID_HANDLE_VALUE);
+                  }),
+              0);
+    fs::permissions(".", fs::perms::owner_all);
+    fs::permissions("tree", fs::perms::owner_all);
+    EXPECT_EQ(folder.read("source"), "new");
+    EXPECT_EQ(folder.read("target"), "old");
+    EXPECT_EQ(folder.read("tree/file"), "1");
+    EXPECT_FALSE(fs::exists("new"));
+}
+
+// ---- Interrupted ---------------------------------------------------------------------------------------------------
+
+TEST_F(SystemCallFaults, SignalsLoseNothingOfAVariable)
+{
+    const ScopedVariable variable("KEST_TEST_VARIABLE", "a");
+    const Interruptions interruptions;
+    for (int time = 0; time < 3; ++time)
+    {
+        Buffer out;
+        // The shell has its answer later than the first signals.
+        EXPECT_EQ(GetEnvironmentVariableW(L"KEST_TEST_VARIABLE$(sleep 0.01; echo b)", out.data(), 4096), 1U);
+        EXPECT_EQ(out.contents(), Buffer::startingWith(std::wstring(out.data()) + L'\0'));
+        EXPECT_EQ(std::wstring(out.data()), L"ab\n");
+    }
+}
+
+TEST_F(SystemCallFaults, SignalsEndNoWaitForAProgram)
+{
+    const Interruptions interruptions;
+    EXPECT_EQ(CreateProcessW(nullptr, const_cast<wchar_t*>(L"sleep 0.02; touch ended"), nullptr, nullptr, 0, 0, nullptr,
+                             nullptr, nullptr, nullptr),
+              1);
+    EXPECT_TRUE(fs::exists("ended"));
+}
+
+// Opening one end of a pipe waits for the other, and reading it for what is written there.
+TEST_F(SystemCallFaults, SignalsLoseNothingOfACopy)
+{
+    ASSERT_EQ(mkfifo("pipe", 0600), 0);
+    folder.write("target", "old");
+    std::fflush(nullptr);
+    const pid_t writer = fork();
+    ASSERT_NE(writer, -1);
+    if (writer == 0)
+    {
+        alarm(30); // should nobody read
+        usleep(20000);
+        const int pipe = open("pipe", O_WRONLY);
+        for (const char part : {'a', 'b', 'c'})
+        {
+            usleep(5000);
+            if (write(pipe, &part, 1) != 1)
+            {
+                _exit(1);
+            }
+        }
+        _exit(0);
+    }
+    {
+        const Interruptions interruptions;
+        EXPECT_EQ(CopyFileW(L"pipe", L"target", 0), 1);
+    }
+    kill(writer, SIGALRM);
+    int status = 0;
+    EXPECT_EQ(waitpid(writer, &status, 0), writer);
+    EXPECT_EQ(folder.read("target"), "abc");
+}
+
+TEST_F(SystemCallFaults, SignalsLoseNothingInTheHostsStores)
+{
+    const std::wstring file = folder.path().wstring() + L"/settings.ini";
+    const Interruptions interruptions;
+    ProfileService profiles;
+    RegistryService registry((folder.path() / "registry.db").string());
+    for (DWORD number = 1; number <= 20; ++number)
+    {
+        const std::wstring text = std::to_wstring(number);
+        EXPECT_EQ(profiles.WritePrivateProfileStringW(L"section", text.c_str(), text.c_str(), file.c_str()), 1);
+        EXPECT_EQ(profiles.GetPrivateProfileIntW(L"section", text.c_str(), 0, file.c_str()), number);
+        EXPECT_EQ(registry.RegSetValueExW(HKEY_CURRENT_USER, text.c_str(), 0, REG_DWORD,
+                                          reinterpret_cast<const BYTE*>(&number), sizeof number),
+                  ERROR_SUCCESS);
+    }
+    EXPECT_EQ(profiles.GetPrivateProfileIntW(L"section", L"1", 0, file.c_str()), 1U);
+}
+
+} // namespace

@@ -60,7 +60,7 @@ public:
     }
 
 private:
-    static constexpr std::size_t smallSize = 1024;
+    static constexpr std::size_t smallSize = 4096;
     static constexpr std::size_t largestSize = 524288;
 
     std::array<wchar_t, smallSize> small_;

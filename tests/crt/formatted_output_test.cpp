@@ -64,8 +64,9 @@ TEST(Counting, CountsWideTextWithTerminator)
 // Lengths around every size at which scratch grows, and around the largest.
 TEST(Counting, CountsAndWritesTextsOfEveryLengthUpToTheLargest)
 {
-    for (const std::size_t length : {1022U, 1023U, 1024U, 1025U, 2047U, 2048U, 8191U, 8192U, 16384U, 65535U, 65536U,
-                                     65537U, 131072U, 262143U, 262144U, 524286U, 524287U})
+    for (const std::size_t length :
+         {1022U,  1023U,  1024U,  1025U,  2048U,  4095U,   4096U,   4097U,   8191U,   8192U,  16384U,
+          32767U, 32768U, 65535U, 65536U, 65537U, 131072U, 262143U, 262144U, 524286U, 524287U})
     {
         SCOPED_TRACE(length);
         const std::wstring text(length, L'x');

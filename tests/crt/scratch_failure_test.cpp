@@ -92,7 +92,7 @@ Answers answersWithoutMemory(wchar_t* buffer, const wchar_t* format, ...)
 
 TEST(ScratchFailure, MakesLongTextsFail)
 {
-    const std::wstring text(1024, L'x');
+    const std::wstring text(4096, L'x');
     Buffer buffer;
     const Answers answers = answersWithoutMemory(buffer.data(), L"%s", text.c_str());
     EXPECT_EQ(answers.counted, -1);

@@ -241,7 +241,7 @@ void checkUnlimited(const std::wstring& format, const Formatted& expected)
 
 std::wstring formatOfPieces(FuzzedDataProvider& data)
 {
-    static const wchar_t* const pieces[] = {L"%s",     L"%ls", L"%hs", L"%S", L"%5s", L"%-4s", L"%.2s", L"%1030d",
+    static const wchar_t* const pieces[] = {L"%s",     L"%ls", L"%hs", L"%S", L"%5s", L"%-4s", L"%.2s", L"%1365d",
                                             L"%-3ls",  L"%d",  L"%%",  L"%",  L"s",   L"l",    L"S",    L"a",
                                             L"\u00e9", L"-",   L"3",   L".",  L"%%s", L"%900s"};
     std::wstring format;

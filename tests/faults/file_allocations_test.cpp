@@ -296,6 +296,36 @@ TEST_F(FileAllocations, FindTheFirstDirectoryOrNone)
     });
 }
 
+// The C library resolves long paths in blocks of its own. What it cannot resolve stays as it is.
+TEST_F(FileAllocations, ResolveLongPathsOrAnswerTheName)
+{
+    fs::path deep = folder.path();
+    for (int level = 0; level < 8; ++level)
+    {
+        deep /= std::string(200, 'd');
+    }
+    fs::create_directories(deep);
+    const std::string name = deep.lexically_relative(folder.path()).string();
+    const std::wstring wideName = fs::path(name).wstring();
+    const auto prepare = [this] { clear(); };
+    const auto resolved = static_cast<long>(deep.string().size());
+    const auto unresolved = static_cast<long>(name.size());
+    expectEveryFailureHandled(std::vector<AllocatingCall>{
+        {.name = "GetFullPathNameW",
+         .call = [&] { return static_cast<long>(GetFullPathNameW(wideName.c_str(), 4200, wide.data(), nullptr)); },
+         .success = resolved,
+         .failure = unresolved,
+         .check = [&](bool succeeded) { expectWide((succeeded ? deep.wstring() : wideName) + L'\0'); },
+         .prepare = prepare},
+        {.name = "GetFullPathNameA",
+         .call = [&] { return static_cast<long>(GetFullPathNameA(name.c_str(), 4200, narrow.data(), nullptr)); },
+         .success = resolved,
+         .failure = unresolved,
+         .check = [&](bool succeeded) { EXPECT_EQ(narrow.data(), succeeded ? deep.string() : name); },
+         .prepare = prepare},
+    });
+}
+
 // In the current directory stands a file of the program's name: it is not taken for the program's own.
 TEST_F(FileAllocations, SearchNoFurtherThanWhereTheyCouldNotLook)
 {

@@ -16,18 +16,7 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <unistd.h>
 #include <vector>
-
-// Nothing here must outlast the machine, and each of a thousand openings would wait for the disk.
-extern "C" __attribute__((visibility("default"))) int fsync(int)
-{
-    return 0;
-}
-extern "C" __attribute__((visibility("default"))) int fdatasync(int)
-{
-    return 0;
-}
 
 namespace
 {

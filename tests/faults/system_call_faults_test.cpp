@@ -1,5 +1,6 @@
 // System calls that fail: no descriptors left, no space, no permission, a signal in the middle. What stands on disk
 // stays, and the answer is that of any other failure.
+#include "faults/system_call_faults.h"
 #include "harness/in_child.h"
 #include "harness/ordinary_user.h"
 #include "harness/scoped_variable.h"
@@ -342,6 +343,89 @@ TEST_F(SystemCallFaults, SignalsLoseNothingInTheHostsStores)
                   ERROR_SUCCESS);
     }
     EXPECT_EQ(profiles.GetPrivateProfileIntW(L"section", L"1", 0, file.c_str()), 1U);
+}
+
+// ---- Interrupted and partial readings and writings -----------------------------------------------------------------
+
+TEST_F(SystemCallFaults, InterruptedCallsReadProfilesWhole)
+{
+    std::string value(100, 'v');
+    folder.write("settings.ini", "[section]\nkey=" + value + "\n");
+    const ReluctantCalls calls;
+    Buffer out;
+    EXPECT_EQ(GetPrivateProfileStringW(L"section", L"key", L"default", out.data(), 4096, L"settings.ini"), 100U);
+    EXPECT_EQ(std::wstring(out.data()), std::wstring(100, L'v'));
+}
+
+TEST_F(SystemCallFaults, InterruptedCallsCopyFilesWhole)
+{
+    std::string content;
+    for (int number = 0; number < 1000; ++number)
+    {
+        content += std::to_string(number);
+    }
+    folder.write("source", content);
+    {
+        const ReluctantCalls calls;
+        EXPECT_EQ(CopyFileW(L"source", L"target", 0), 1);
+    }
+    EXPECT_EQ(folder.read("target"), content);
+}
+
+TEST_F(SystemCallFaults, InterruptedCallsWriteTheHostsProfilesWhole)
+{
+    const std::wstring file = folder.write("settings.ini", "[section]\nkey=value\n").wstring();
+    {
+        const ReluctantCalls calls;
+        ProfileService profiles;
+        EXPECT_EQ(profiles.WritePrivateProfileStringW(L"section", L"other", L"new value", file.c_str()), 1);
+    }
+    EXPECT_EQ(folder.read("settings.ini"), "[section]\nkey=value\nother=new value\n");
+}
+
+// ---- Broken disks --------------------------------------------------------------------------------------------------
+
+TEST_F(SystemCallFaults, OnABrokenDiskTheHostsProfileStaysAsItIs)
+{
+    const std::wstring file = folder.write("settings.ini", "[section]\nkey=value\n").wstring();
+    for (const SystemCall call : {SystemCall::read, SystemCall::write, SystemCall::sync, SystemCall::rename})
+    {
+        {
+            const FailingCall failing(call, EIO);
+            ProfileService profiles;
+            EXPECT_EQ(profiles.WritePrivateProfileStringW(L"section", L"key", L"new", file.c_str()), 0);
+            EXPECT_TRUE(failing.reached());
+        }
+        EXPECT_EQ(folder.read("settings.ini"), "[section]\nkey=value\n");
+        EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), fs::directory_iterator()), 1);
+    }
+}
+
+TEST_F(SystemCallFaults, OnABrokenDiskACopyKeepsItsSource)
+{
+    const std::string content(200000, 'c');
+    folder.write("source", content);
+    for (const SystemCall call : {SystemCall::read, SystemCall::write})
+    {
+        {
+            const FailingCall noRange(SystemCall::copyFileRange, ENOSYS);
+            const FailingCall noSending(SystemCall::sendFile, ENOSYS);
+            const FailingCall failing(call, EIO, 2);
+            EXPECT_EQ(CopyFileW(L"source", L"target", 0), 1);
+            EXPECT_TRUE(failing.reached());
+        }
+        EXPECT_EQ(folder.read("source"), content);
+        EXPECT_EQ(folder.read("target"), content.substr(0, folder.read("target").size()));
+    }
+}
+
+TEST_F(SystemCallFaults, OnABrokenDiskAProfileReadsAsNothing)
+{
+    folder.write("settings.ini", "[section]\nkey=value\n");
+    const FailingCall failing(SystemCall::read, EIO);
+    Buffer out;
+    EXPECT_EQ(GetPrivateProfileStringW(L"section", L"key", L"default", out.data(), 4096, L"settings.ini"), 0U);
+    EXPECT_EQ(out.contents(), Buffer::startingWith(std::wstring(1, L'\0')));
 }
 
 } // namespace

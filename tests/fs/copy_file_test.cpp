@@ -3,12 +3,14 @@
 #include "harness/scratch_folder.h"
 #include "kest/kernel/directories.h"
 
+#include <csignal>
 #include <cstddef>
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iterator>
+#include <pthread.h>
 #include <string>
 #include <sys/stat.h>
 #include <thread>
@@ -87,6 +89,54 @@ TEST(CopyingFiles, ReadsFromAPipe)
     EXPECT_EQ(CopyFileW(L"fifo", L"destination", 0), 1);
     writer.join();
     EXPECT_TRUE(folder.read("destination") == content);
+}
+
+TEST(CopyingFiles, GoesOnAfterSignals)
+{
+    const ScratchFolder folder;
+    const std::string content = bytes(300000);
+    ASSERT_EQ(mkfifo("from", 0600), 0);
+    ASSERT_EQ(mkfifo("to", 0600), 0);
+    struct sigaction interrupts = {};
+    struct sigaction before = {};
+    interrupts.sa_handler = [](int) {};
+    ASSERT_EQ(sigaction(SIGUSR1, &interrupts, &before), 0);
+    const auto interrupt = [copier = pthread_self()]
+    {
+        usleep(1000);
+        pthread_kill(copier, SIGUSR1);
+    };
+    // Signals meet the copier while it waits for something to read, and while it waits for room to write the rest of
+    // what it has.
+    std::thread writer(
+        [&]
+        {
+            std::ofstream out("from", std::ios::binary);
+            for (int signals = 0; signals < 20; ++signals)
+            {
+                interrupt();
+            }
+            out << content;
+        });
+    std::string received;
+    std::thread reader(
+        [&]
+        {
+            const int descriptor = open("to", O_RDONLY);
+            char part[5000];
+            ssize_t count = 0;
+            while ((count = read(descriptor, part, sizeof part)) > 0)
+            {
+                received.append(part, static_cast<std::size_t>(count));
+                interrupt();
+            }
+            close(descriptor);
+        });
+    EXPECT_EQ(CopyFileW(L"from", L"to", 0), 1);
+    writer.join();
+    reader.join();
+    EXPECT_EQ(sigaction(SIGUSR1, &before, nullptr), 0);
+    EXPECT_TRUE(received == content);
 }
 
 TEST(CopyingFiles, WritesToAPipe)

@@ -129,6 +129,11 @@ TYPED_TEST(FullPaths, OfDirectoriesHaveNoFilePart)
     here.expectExactly(text<TypeParam>(this->folder_.path().string()));
     EXPECT_EQ(here.filePart, nullptr);
     Path(text<TypeParam>("/")).expectExactly(text<TypeParam>("/"));
+    // A name that stays because it is longer than its result is a directory through its link.
+    ASSERT_EQ(symlink("/", "link"), 0);
+    const Path link("link");
+    EXPECT_EQ(link.path(), text<TypeParam>("link"));
+    EXPECT_EQ(link.filePart, nullptr);
 }
 
 TYPED_TEST(FullPaths, OfFilesToComeAreAbsolute)

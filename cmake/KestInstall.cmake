@@ -31,6 +31,7 @@ function(kest_install_library name pkg_config)
     set(runtime "${package}")
     set(development "${package}_dev")
 
+    set_property(GLOBAL APPEND PROPERTY KEST_INSTALLED_LIBRARIES ${target})
     set_target_properties(${target} PROPERTIES EXPORT_NAME ${name})
     install(TARGETS ${target} ${library_INTERFACES} EXPORT ${target}Targets
         LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT ${runtime})

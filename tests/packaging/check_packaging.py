@@ -15,21 +15,25 @@ HERE = pathlib.Path(__file__).resolve().parent
 class Library:
     """What an outside project gets to see of a library, and what its program prints when all is well."""
 
-    def __init__(self, target, pkg_config, header, output):
+    def __init__(self, target, project, pkg_config, header, needs, output):
+        self.target = target
+        self.project = HERE / project
         self.file = f"lib{target}.so"
         self.targets_file = f"{target}Targets.cmake"
         self.package = f"lib{target}".lower()
         self.pkg_config = pkg_config
         self.header = header
+        self.needs = needs
         self.output = output
 
 
-# By project: the folders beside this file.
-LIBRARIES = {
-    "platform_base": Library("KestPlatformBase", "kest-platform-base", "kest/kernel.h", "no hub\n"),
-    "reference_host": Library("KestReferenceHost", "kest-reference-host", "kest/reference_host.h",
-                              "the reference host answers\n"),
-}
+# Every library that is installed, with the project beside this file that uses it and the packages that it needs beside
+# the C++ library's.
+LIBRARIES = {library.target: library for library in (
+    Library("KestPlatformBase", "platform_base", "kest-platform-base", "kest/kernel.h", {"libc6"}, "no hub\n"),
+    Library("KestReferenceHost", "reference_host", "kest-reference-host", "kest/reference_host.h",
+            {"libc6", "libkestplatformbase", "libsqlite3-0"}, "the reference host answers\n"),
+)}
 
 
 def run(*command, **options):
@@ -45,28 +49,28 @@ def expect_prints(program, emulator, expected):
         sys.exit(f"{program} prints {output!r}")
 
 
-def check_cmake_package(options, project, prefix, scratch):
-    build = scratch / project / "cmake"
-    run("cmake", "-S", HERE / project, "-B", build, "-G", "Ninja", f"-DCMAKE_PREFIX_PATH={prefix}", *options.configure)
+def check_cmake_package(options, library, prefix, scratch):
+    build = scratch / library.project.name / "cmake"
+    run("cmake", "-S", library.project, "-B", build, "-G", "Ninja", f"-DCMAKE_PREFIX_PATH={prefix}", *options.configure)
     run("cmake", "--build", build)
-    expect_prints(build / "outside_program", options.emulator, LIBRARIES[project].output)
+    expect_prints(build / "outside_program", options.emulator, library.output)
 
 
-def check_pkg_config(options, project, library_folder, scratch):
-    package = LIBRARIES[project].pkg_config
+def check_pkg_config(options, library, library_folder, scratch):
+    package = library.pkg_config
     environment = dict(os.environ, PKG_CONFIG_PATH=str(library_folder / "pkgconfig"))
     flags = shlex.split(run("pkg-config", "--cflags", "--libs", package, env=environment))
     windows = run("pkg-config", "--variable=windowsincludedir", package, env=environment).strip()
-    program = scratch / project / "pkg_config_program"
-    run(options.compiler, "-std=c++11", HERE / project / "outside_program.cpp", "-isystem", windows, *flags,
+    program = scratch / library.project.name / "pkg_config_program"
+    run(options.compiler, "-std=c++11", library.project / "outside_program.cpp", "-isystem", windows, *flags,
         f"-Wl,-rpath,{library_folder}", "-o", program)
-    expect_prints(program, options.emulator, LIBRARIES[project].output)
+    expect_prints(program, options.emulator, library.output)
 
 
 def check_tracer(options, prefix, scratch):
     """The installed tracer finds its library, wherever the installation stands."""
     tracer = prefix / "bin" / "kest-trace"
-    program = scratch / options.projects[0] / "cmake" / "outside_program"
+    program = scratch / options.libraries[0].project.name / "cmake" / "outside_program"
     emulator = ["--emulator", shlex.join(options.emulator)] if options.emulator else []
     report = scratch / "report.txt"
     run(*options.emulator, tracer, "--output", report, *emulator, program)
@@ -77,14 +81,14 @@ def check_tracer(options, prefix, scratch):
 def check_debian_packages(options, scratch):
     run("cpack", "--config", pathlib.Path(options.build) / "CPackConfig.cmake", "-B", scratch / "packages")
     packages = {package.name.split("_")[0]: package for package in (scratch / "packages").glob("*.deb")}
-    libraries = [LIBRARIES[project] for project in options.projects]
-    expected = {library.package + suffix for library in libraries for suffix in ("", "-dev")}
+    expected = {library.package + suffix for library in options.libraries for suffix in ("", "-dev")}
     if options.tools:
         expected.add("kest-tools")
     if packages.keys() != expected:
         sys.exit(f"the packages are {', '.join(sorted(packages))}")
-    for library in libraries:
+    for library in options.libraries:
         expect_holds(packages[library.package], library.file)
+        expect_needs(packages[library.package], library.needs)
         expect_holds(packages[library.package + "-dev"], library.header, library.targets_file, library.pkg_config + ".pc")
     expect_holds(packages["libkestplatformbase-dev"], "KestPlatformBaseConfig.cmake", "KestWindowsPrograms.cmake",
                  "kest-windows/windows.h", "exports.tsv")
@@ -92,7 +96,6 @@ def check_debian_packages(options, scratch):
         expect_holds(packages["libkestreferencehost"], "bin/kest-reg")
     if options.tools:
         expect_holds(packages["kest-tools"], *(f"bin/{tool}" for tool in options.tools))
-    expect_depends(packages, "libkestplatformbase", {"libc6"})
 
 
 def expect_holds(package, *files):
@@ -102,12 +105,11 @@ def expect_holds(package, *files):
             sys.exit(f"{package.name} lacks {file}")
 
 
-def expect_depends(packages, name, wanted):
-    """Nothing that was not there before may creep in: the core needs the C and the C++ library only."""
-    depends = run("dpkg-deb", "--field", packages[name], "Depends")
+def expect_needs(package, needs):
+    depends = run("dpkg-deb", "--field", package, "Depends")
     names = {alternative.split()[0] for alternative in depends.split(",")}
-    if not wanted <= names <= wanted | {"libgcc-s1", "libstdc++6"}:
-        sys.exit(f"{name} depends on {', '.join(sorted(names))}")
+    if names - {"libgcc-s1", "libstdc++6"} != needs:
+        sys.exit(f"{package.name} depends on {', '.join(sorted(names))}")
 
 
 def main():
@@ -118,23 +120,23 @@ def main():
     parser.add_argument("--configure", type=shlex.split, default=[], help="arguments for the outside projects' CMake")
     parser.add_argument("--debian", action="store_true", help="build the Debian packages too")
     parser.add_argument("--tool", action="append", dest="tools", default=[], help="a tool that is installed, too")
-    parser.add_argument("projects", nargs="+", choices=LIBRARIES)
+    parser.add_argument("libraries", nargs="+", type=LIBRARIES.__getitem__, metavar="library")
     options = parser.parse_args()
 
     with tempfile.TemporaryDirectory(prefix="kest-packaging-") as folder:
         scratch = pathlib.Path(folder)
         prefix = scratch / "prefix"
         run("cmake", "--install", options.build, "--prefix", prefix)
-        for project in options.projects:
-            (scratch / project).mkdir()
-            check_cmake_package(options, project, prefix, scratch)
-            library = next(prefix.rglob(LIBRARIES[project].file))
-            check_pkg_config(options, project, library.parent, scratch)
+        for library in options.libraries:
+            (scratch / library.project.name).mkdir()
+            check_cmake_package(options, library, prefix, scratch)
+            library_folder = next(prefix.rglob(library.file)).parent
+            check_pkg_config(options, library, library_folder, scratch)
         if "kest-trace" in options.tools:
             check_tracer(options, prefix, scratch)
         if options.debian:
             check_debian_packages(options, scratch)
-    print(f"the installed packages build and run {len(options.projects)} outside projects")
+    print(f"the installed packages build and run {len(options.libraries)} outside projects")
 
 
 main()

@@ -283,8 +283,10 @@ TEST(ProfileStrings, AreEmptyForSizesThatTheReaderCannotCount)
 
 TEST(ProfileStrings, AreMeasuredWithoutABuffer)
 {
-    const Profile profile("[A]\nx=value\n");
+    const Profile profile("[A]\nx=value\ny=ab\xC3\xA4\n");
     EXPECT_EQ(GetPrivateProfileStringW(L"A", L"x", nullptr, nullptr, 100, L"file.ini"), 5U);
+    // Not even where the locale cannot convert the text.
+    EXPECT_EQ(GetPrivateProfileStringW(L"A", L"y", nullptr, nullptr, 100, L"file.ini"), 4U);
     EXPECT_EQ(GetPrivateProfileStringW(L"A", L"x", nullptr, nullptr, 0, L"file.ini"), 0U);
 }
 

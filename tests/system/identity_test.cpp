@@ -3,11 +3,13 @@
 #include "kest/kernel/environment.h"
 
 #include <cerrno>
+#include <cstring>
 #include <gtest/gtest.h>
 #include <optional>
 #include <pwd.h>
 #include <string>
 #include <sys/syscall.h>
+#include <sys/utsname.h>
 #include <thread>
 #include <unistd.h>
 
@@ -20,11 +22,28 @@ namespace
 // The user that the process seems to belong to; its own when not set.
 std::optional<uid_t> pretendedUser;
 
+// The name that the host seems to have; its own when not set.
+std::optional<std::string> pretendedHost;
+
 } // namespace
 
 extern "C" KEST_API uid_t getuid() noexcept
 {
     return pretendedUser ? *pretendedUser : static_cast<uid_t>(syscall(SYS_getuid));
+}
+
+extern "C" KEST_API int gethostname(char* name, std::size_t size) noexcept
+{
+    utsname system = {};
+    uname(&system);
+    const std::string host = pretendedHost.value_or(system.nodename);
+    if (host.size() >= size)
+    {
+        errno = ENAMETOOLONG;
+        return -1;
+    }
+    std::memcpy(name, host.c_str(), host.size() + 1);
+    return 0;
 }
 
 namespace
@@ -119,6 +138,24 @@ TEST(GetComputerNameW, LeavesTheSizeUnwritten)
     DWORD size = 1234;
     EXPECT_EQ(GetComputerNameW(out.data(), &size), 1);
     EXPECT_EQ(size, 1234U);
+}
+
+TEST(Identity, NamesHostsOf255Bytes)
+{
+    pretendedHost = std::string(255, 'h');
+    Buffer out;
+    EXPECT_EQ(GetComputerNameW(out.data(), nullptr), 1);
+    EXPECT_EQ(out.contents(), Buffer::startingWith(std::wstring(255, L'h') + L'\0'));
+    pretendedHost.reset();
+}
+
+TEST(Identity, EndsTheHostsNameBeforeWhatTheLocaleCannotConvert)
+{
+    pretendedHost = "host\xC3\xA4";
+    Buffer out;
+    EXPECT_EQ(GetComputerNameW(out.data(), nullptr), 1);
+    EXPECT_EQ(out.contents(), Buffer::startingWith(L"host" + std::wstring(1, L'\0')));
+    pretendedHost.reset();
 }
 
 TEST(Identity, NumbersThreadsAsTheKernelDoes)

@@ -3,6 +3,7 @@
 import argparse
 import collections
 import datetime
+import fnmatch
 import json
 import pathlib
 import platform
@@ -47,16 +48,20 @@ def median_of(runs, field):
 
 
 def read_notes(path):
-    """The notes on missed targets: a line each, '- case: why'."""
-    notes = {}
+    """The notes on missed targets: a line each, '- cases: why', the cases as a shell pattern."""
+    notes = []
     for number, line in enumerate(pathlib.Path(path).read_text(encoding="utf-8").splitlines(), 1):
         if not line:
             continue
         match = re.fullmatch(r"- ([^:]+(?:::[^:]+)*): (.+)", line)
         if match is None:
             sys.exit(f"{path}:{number}: not a note: {line}")
-        notes[match[1]] = match[2]
+        notes.append((match[1], match[2]))
     return notes
+
+
+def note_on(case, notes):
+    return next((why for pattern, why in notes if fnmatch.fnmatchcase(case, pattern)), "not explained yet.")
 
 
 def write_pairs(page, cases, notes):
@@ -84,7 +89,7 @@ def write_pairs(page, cases, notes):
                        f"{readable(median_of(runs, 'baseline'))} | {ratio:.2f} | {ratios[0]:.2f} to {ratios[-1]:.2f} | "
                        f"{target:g} | {met} |\n")
     page.write(f"\n## Missed targets\n\n{count - len(missed)} of {count} cases meet their target.\n\n")
-    page.writelines(f"- {case}: {notes.get(case, 'not explained yet.')}\n" for case in missed)
+    page.writelines(f"- {case}: {note_on(case, notes)}\n" for case in missed)
 
 
 def write_growth(page, cases):

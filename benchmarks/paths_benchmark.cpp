@@ -121,7 +121,7 @@ void addPaths()
               });
     const auto growPath = [](const std::string& name, auto function)
     {
-        addGrowth(name, "characters", 10'000,
+        addGrowth(name, "characters", 100,
                   [=](long length)
                   {
                       return [=, text = longPath(length), out = longPath(2 * length)]() mutable

@@ -1,5 +1,6 @@
 #include "kest/host/file_system_service.h"
 
+#include "harness/ordinary_user.h"
 #include "harness/scoped_locale.h"
 #include "harness/scratch_folder.h"
 #include "harness/sentinel_buffer.h"
@@ -145,6 +146,17 @@ TEST_F(Files, TakeAndGiveBackWritePermission)
     EXPECT_EQ(std::filesystem::status("file").permissions(), std::filesystem::perms(0644));
     EXPECT_EQ(service_.SetFileAttributesW(L"none", 0x80), 0);
     EXPECT_EQ(service_.SetFileAttributesW(nullptr, 0x80), 0);
+}
+
+TEST_F(Files, OfOthersKeepTheirPermissions)
+{
+    EXPECT_EQ(kest::test::statusOfOrdinaryUser(
+                  [this]
+                  {
+                      EXPECT_EQ(service_.SetFileAttributesW(L"/usr", 0x1), 0);
+                      EXPECT_EQ(errno, 5);
+                  }),
+              0);
 }
 
 TEST_F(Files, TellUrlsFromPaths)

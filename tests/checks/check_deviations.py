@@ -5,6 +5,7 @@ name dropped. Suites named exactly like an exported function hold such tests onl
 after a topic.
 """
 
+import itertools
 import pathlib
 import re
 import sys
@@ -18,12 +19,10 @@ IDENTIFIER = re.compile(r"[A-Za-z0-9]+\.[A-Z][A-Za-z0-9]*")
 TEST = re.compile(r"^TEST\(\s*(\w+)\s*,\s*(\w+)\s*\)", re.MULTILINE)
 
 
-def places(root, folder, suffixes, pattern, name):
+def places(root, folders, suffix, pattern, name):
     """Maps each name that the pattern finds to its place."""
     found = {}
-    for path in sorted((root / folder).rglob("*")):
-        if path.suffix not in suffixes:
-            continue
+    for path in sorted(path for folder in folders for path in (root / folder).rglob("*" + suffix)):
         text = path.read_text(encoding="utf-8")
         for match in pattern.finditer(text):
             line = text.count("\n", 0, match.start()) + 1
@@ -37,7 +36,8 @@ def places(root, folder, suffixes, pattern, name):
 def base_names(root):
     """Exported function names without underscores, as suites spell them; members by class and by name."""
     names = set()
-    for row in exports_table.read(root / "abi" / "exports.tsv"):
+    tables = [root / "abi" / "exports.tsv", root / "companions" / "companions.tsv"]
+    for row in itertools.chain.from_iterable(map(exports_table.read, tables)):
         match = re.match(r"_ZN?K?(\d+.*)", row["symbol"])
         if match is None:
             names.add(row["symbol"].replace("_", ""))
@@ -52,8 +52,8 @@ def base_names(root):
 
 def main():
     root = pathlib.Path(sys.argv[1])
-    documented = places(root, "include", {".h"}, DIFFERS, lambda match: match.group(1))
-    tests = places(root, "tests", {".cpp"}, TEST, lambda match: f"{match.group(1)}.{match.group(2)}")
+    documented = places(root, ["include", "companions/include"], ".h", DIFFERS, lambda match: match.group(1))
+    tests = places(root, ["tests"], ".cpp", TEST, lambda match: f"{match.group(1)}.{match.group(2)}")
     exported = base_names(root)
 
     problems = []

@@ -158,12 +158,6 @@ TEST_F(HostProfiles, AreWrittenWholeOrNotAtAll)
 
 // ---- The registry --------------------------------------------------------------------------------------------------
 
-// One that nothing derives from, so that it can be destroyed where it stands.
-class Registry final : public RegistryService
-{
-    using RegistryService::RegistryService;
-};
-
 class HostRegistry : public testing::Test
 {
 protected:
@@ -224,7 +218,7 @@ protected:
     }
 
     ScratchFolder folder;
-    std::optional<Registry> service;
+    std::optional<RegistryService> service;
     HKEY key = nullptr;
     HKEY* child = nullptr;
     HKEY opened = nullptr;

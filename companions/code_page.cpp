@@ -1,0 +1,89 @@
+#include "code_page.h"
+
+#include <array>
+#include <cerrno>
+#include <cstddef>
+#include <cstdint>
+#include <langinfo.h>
+#include <strings.h>
+#include <utility>
+
+namespace kest::companions
+{
+
+namespace
+{
+
+constexpr UINT ansiPage = 0;
+constexpr UINT oemPage = 1;
+constexpr UINT threadPage = 3;
+constexpr UINT utf8Page = 65001;
+
+constexpr std::pair<UINT, const char*> named_pages[] = {
+    {10000, "MACINTOSH"},   {20127, "US-ASCII"},    {20866, "KOI8-R"},      {20932, "EUC-JP"},
+    {21866, "KOI8-U"},      {28591, "ISO-8859-1"},  {28592, "ISO-8859-2"},  {28593, "ISO-8859-3"},
+    {28594, "ISO-8859-4"},  {28595, "ISO-8859-5"},  {28596, "ISO-8859-6"},  {28597, "ISO-8859-7"},
+    {28598, "ISO-8859-8"},  {28599, "ISO-8859-9"},  {28603, "ISO-8859-13"}, {28605, "ISO-8859-15"},
+    {50220, "ISO-2022-JP"}, {50221, "ISO-2022-JP"}, {50222, "ISO-2022-JP"}, {50225, "ISO-2022-KR"},
+    {51932, "EUC-JP"},      {51936, "GB2312"},      {51949, "EUC-KR"},      {54936, "GB18030"},
+    {65000, "UTF-7"},       {utf8Page, "UTF-8"},
+};
+
+} // namespace
+
+std::string encodingOf(UINT codePage)
+{
+    if (codePage == ansiPage || codePage == oemPage || codePage == threadPage)
+        return nl_langinfo(CODESET);
+    for (const auto& [page, name] : named_pages)
+    {
+        if (page == codePage)
+            return name;
+    }
+    return "CP" + std::to_string(codePage);
+}
+
+bool isUtf8(std::string_view encoding)
+{
+    return encoding == "UTF-8";
+}
+
+Conversion::~Conversion()
+{
+    if (known())
+        iconv_close(handle_);
+}
+
+bool Conversion::known() const
+{
+    // iconv_open's answer for what it does not know.
+    return reinterpret_cast<std::intptr_t>(handle_) != -1;
+}
+
+int Conversion::convert(std::string_view& input, std::string& output)
+{
+    std::array<char, 4096> buffer;
+    int error = 0;
+    while ((error == 0 || error == E2BIG) && !input.empty())
+    {
+        char* from = const_cast<char*>(input.data()); // iconv does not write through it
+        std::size_t left = input.size();
+        char* to = buffer.data();
+        std::size_t room = buffer.size();
+        error = iconv(handle_, &from, &left, &to, &room) == static_cast<std::size_t>(-1) ? errno : 0;
+        output.append(buffer.data(), buffer.size() - room);
+        input.remove_prefix(input.size() - left);
+    }
+    return error;
+}
+
+void Conversion::finish(std::string& output)
+{
+    std::array<char, 64> buffer;
+    char* to = buffer.data();
+    std::size_t room = buffer.size();
+    iconv(handle_, nullptr, nullptr, &to, &room);
+    output.append(buffer.data(), buffer.size() - room);
+}
+
+} // namespace kest::companions

@@ -1,0 +1,6 @@
+#include "linux/host.h"
+
+IPlatformServices* makeHost()
+{
+    return new Host;
+}

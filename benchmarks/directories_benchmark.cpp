@@ -180,7 +180,7 @@ void addDirectories()
         [] { return searchEverywhere("sh"); });
     addRemovals();
 
-    addGrowth("DeleteDirectory", "files", 100,
+    addGrowth("DeleteDirectory", "files", 20,
               [](long count)
               {
                   return [=, name = treeOfFiles(count)]

@@ -152,7 +152,7 @@ void addFiles()
     addCopies("4 KiB", 4 * kibibyte, 1.3);
     addCopies("64 MiB", 64 * mebibyte, 1.1);
 
-    addGrowth("CopyFileW", "bytes", mebibyte / 4,
+    addGrowth("CopyFileW", "bytes", 64 * kibibyte,
               [](long bytes)
               {
                   const std::wstring source = wide(fileOfSize(bytes));

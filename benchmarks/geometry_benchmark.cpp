@@ -1,4 +1,5 @@
-// Rectangles beside the same arithmetic in a function of the program's own.
+// Rectangles beside the same arithmetic in a function of the program's own, called through a pointer as functions of
+// shared objects are.
 #include "families.h"
 #include "kest/geometry.h"
 #include "pairs.h"
@@ -11,18 +12,17 @@ namespace kest::benchmarks
 namespace
 {
 
-// A call into a shared object passes the linker's table; that is all that may come on top.
 constexpr double target = 1.5;
 
 constexpr RECT first = {10, 20, 300, 400};
 constexpr RECT second = {50, 0, 500, 200};
 
-[[gnu::noinline]] bool contains(const RECT* rect, POINT point)
+bool contains(const RECT* rect, POINT point)
 {
     return rect->left <= point.x && point.x <= rect->right && rect->top <= point.y && point.y <= rect->bottom;
 }
 
-[[gnu::noinline]] bool intersect(RECT* result, const RECT* a, const RECT* b)
+bool intersect(RECT* result, const RECT* a, const RECT* b)
 {
     const bool empty = a->right <= a->left || a->top >= a->bottom || b->right <= b->left || b->top >= b->bottom;
     if (empty)
@@ -34,38 +34,43 @@ constexpr RECT second = {50, 0, 500, 200};
     return result->right > result->left && result->top < result->bottom;
 }
 
-[[gnu::noinline]] void offset(RECT* rect, int x, int y)
+void offset(RECT* rect, int x, int y)
 {
     *rect = {rect->left + x, rect->top + y, rect->right + x, rect->bottom + y};
 }
+
+// The compiler does not know where they point to.
+bool (*volatile containsPoint)(const RECT*, POINT) = contains;
+bool (*volatile intersectRectangles)(RECT*, const RECT*, const RECT*) = intersect;
+void (*volatile offsetRectangle)(RECT*, int, int) = offset;
 
 } // namespace
 
 void addGeometry()
 {
     addPair(
-        "geometry/PtInRect", target, "four comparisons",
+        "geometry/PtInRect", target, "four comparisons, in a call",
         [rect = first] {
             return PtInRect(&rect, {100, 100});
         },
         [rect = first] {
-            return contains(&rect, {100, 100});
+            return containsPoint(&rect, {100, 100});
         });
     addPair(
-        "geometry/IntersectRect", target, "comparisons and a store",
+        "geometry/IntersectRect", target, "comparisons and a store, in a call",
         [a = first, b = second, out = RECT()]() mutable { return IntersectRect(&out, &a, &b); },
-        [a = first, b = second, out = RECT()]() mutable { return intersect(&out, &a, &b); });
+        [a = first, b = second, out = RECT()]() mutable { return intersectRectangles(&out, &a, &b); });
     addPair(
-        "geometry/CRect::OffsetRect", target, "four additions",
+        "geometry/CRect::OffsetRect", target, "four additions, in a call",
         [rect = CRect(first)]() mutable { return rect.OffsetRect(1, -1); },
-        [rect = first]() mutable { offset(&rect, 1, -1); });
+        [rect = first]() mutable { offsetRectangle(&rect, 1, -1); });
     addPair(
-        "geometry/CRect::operator&", target, "comparisons and a store",
+        "geometry/CRect::operator&", target, "comparisons and a store, in a call",
         [a = CRect(first), b = second] { return a & b; },
         [a = first, b = second]
         {
             RECT result = {};
-            intersect(&result, &a, &b);
+            intersectRectangles(&result, &a, &b);
             return result;
         });
 }

@@ -55,7 +55,7 @@ void addHostFiles()
                         return std::pair([pattern = wide(folder) + L"/*"] { return walk(pattern); },
                                          [=] { return walkBare(folder); });
                     });
-    addGrowth("FindFirstFileW walk", "entries", 100,
+    addGrowth("FindFirstFileW walk", "entries", 20,
               [](long count) { return [pattern = wide(folderOfFiles(count)) + L"/*"] { return walk(pattern); }; });
 }
 

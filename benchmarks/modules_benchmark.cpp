@@ -73,12 +73,12 @@ void addModules()
             return std::mbstowcs(out.data(), name.data(), out.size());
         });
 
-    addGrowth("ToPlatformModuleName", "characters", 10'000,
+    addGrowth("ToPlatformModuleName", "characters", 100,
               [](long length)
               { return [text = wideText(length)] { return ToPlatformModuleName(text.c_str()).size(); }; });
-    addGrowth("GetModuleHandleW", "characters", 10'000,
+    addGrowth("GetModuleHandleW", "characters", 100,
               [](long length) { return [text = wideText(length)] { return GetModuleHandleW(text.c_str()); }; });
-    addGrowth("GetLongPathNameW", "characters", 10'000,
+    addGrowth("GetLongPathNameW", "characters", 100,
               [](long length)
               {
                   return [text = wideText(length), out = wideText(length)]() mutable

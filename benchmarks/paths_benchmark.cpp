@@ -20,8 +20,7 @@ namespace
 
 constexpr double target = 1.1;
 
-// Not constant: the compiler would split it.
-const char* path = "/opt/application/modules/reporting/Statistics.dll";
+constexpr const char* path = "/opt/application/modules/reporting/Statistics.dll";
 constexpr const wchar_t* folder = L"/opt/application/modules/reporting";
 constexpr const wchar_t* file = L"Statistics.dll";
 
@@ -54,9 +53,9 @@ void addPaths()
 {
     addPair(
         "paths/_splitpath", target, "strrchr twice and memcpy",
-        [out = Pieces<char>()]() mutable
-        { _splitpath(path, out.drive.data(), out.folder.data(), out.name.data(), out.extension.data()); },
-        [out = Pieces<char>()]() mutable
+        [text = std::string(path), out = Pieces<char>()]() mutable
+        { _splitpath(text.c_str(), out.drive.data(), out.folder.data(), out.name.data(), out.extension.data()); },
+        [text = std::string(path), out = Pieces<char>()]() mutable
         {
             const auto put = [](std::array<char, 1024>& piece, const char* from, const char* to)
             {
@@ -64,10 +63,10 @@ void addPaths()
                 std::memcpy(piece.data(), from, length);
                 piece[length] = '\0';
             };
-            const char* const slash = std::strrchr(path, '/');
+            const char* const slash = std::strrchr(text.c_str(), '/');
             const char* const dot = std::strrchr(slash, '.');
             out.drive[0] = '\0';
-            put(out.folder, path, slash);
+            put(out.folder, text.c_str(), slash);
             put(out.name, slash + 1, dot);
             put(out.extension, dot, dot + std::strlen(dot));
         });
@@ -122,7 +121,7 @@ void addPaths()
               });
     const auto growPath = [](const std::string& name, auto function)
     {
-        addGrowth(name, "characters", 10'000,
+        addGrowth(name, "characters", 100,
                   [=](long length)
                   {
                       return [=, text = longPath(length), out = longPath(2 * length)]() mutable

@@ -102,7 +102,7 @@ void addProfiles()
                   };
               });
     addGrowth(
-        "host: GetPrivateProfileStringW", "keys", keys / 100,
+        "host: GetPrivateProfileStringW", "keys", keys / 500,
         [](long count)
         {
             return [service = std::make_shared<host::ProfileService>(), path = wide(profileOf(count, lineEndings[1])),
@@ -110,7 +110,7 @@ void addProfiles()
             { return service->GetPrivateProfileStringW(L"Settings", key.c_str(), L"", out.data(), 256, path.c_str()); };
         });
     addGrowth(
-        "host: WritePrivateProfileStringW", "keys", keys / 100,
+        "host: WritePrivateProfileStringW", "keys", keys / 500,
         [](long count)
         {
             return [service = std::make_shared<host::ProfileService>(), path = wide(profileOf(count, lineEndings[1])),

@@ -125,7 +125,7 @@ void addRegistry()
         "registry/RegOpenKeyExW five levels deep", target, "RegOpenKeyExW one level deep",
         [] { return openAndClose(L"One\\Two\\Three\\Four\\Five"); }, [] { return openAndClose(L"One"); });
 
-    addGrowth("RegEnumValueW over all values", "values", 20,
+    addGrowth("RegEnumValueW over all values", "values", 5,
               [](long count)
               {
                   const HKEY full = created(L"Values" + std::to_wstring(count));
@@ -146,7 +146,7 @@ void addRegistry()
                       return index;
                   };
               });
-    addGrowth("RegEnumKeyExW over all keys", "keys", 20,
+    addGrowth("RegEnumKeyExW over all keys", "keys", 5,
               [](long count)
               {
                   const std::wstring parent = L"Keys" + std::to_wstring(count);

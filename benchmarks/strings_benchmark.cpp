@@ -22,7 +22,7 @@ namespace
 
 constexpr double target = 1.1;
 constexpr long shortLength = 64;
-constexpr long growthLength = 10'000;
+constexpr long growthLength = 100;
 
 wchar_t* mapped(wchar_t* text, std::wint_t (*mapping)(std::wint_t))
 {
@@ -181,7 +181,8 @@ void addStrings()
                  }
                  return tokens;
              });
-    addGrowth("_wcsupr", "characters", growthLength,
+    // Up to a Mi character.
+    addGrowth("_wcsupr", "characters", (1 << 20) / 100,
               [](long length) { return [out = wideText(length)]() mutable { return _wcsupr(out.data()); }; });
     addGrowth("_strupr", "bytes", growthLength,
               [](long length) { return [out = narrowText(length)]() mutable { return _strupr(out.data()); }; });

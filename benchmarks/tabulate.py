@@ -3,6 +3,7 @@
 import argparse
 import collections
 import datetime
+import fnmatch
 import json
 import pathlib
 import platform
@@ -47,16 +48,20 @@ def median_of(runs, field):
 
 
 def read_notes(path):
-    """The notes on missed targets: a line each, '- case: why'."""
-    notes = {}
+    """The notes on missed targets: a line each, '- cases: why', the cases as a shell pattern."""
+    notes = []
     for number, line in enumerate(pathlib.Path(path).read_text(encoding="utf-8").splitlines(), 1):
         if not line:
             continue
         match = re.fullmatch(r"- ([^:]+(?:::[^:]+)*): (.+)", line)
         if match is None:
             sys.exit(f"{path}:{number}: not a note: {line}")
-        notes[match[1]] = match[2]
+        notes.append((match[1], match[2]))
     return notes
+
+
+def note_on(case, notes):
+    return next((why for pattern, why in notes if fnmatch.fnmatchcase(case, pattern)), "not explained yet.")
 
 
 def write_pairs(page, cases, notes):
@@ -84,13 +89,17 @@ def write_pairs(page, cases, notes):
                        f"{readable(median_of(runs, 'baseline'))} | {ratio:.2f} | {ratios[0]:.2f} to {ratios[-1]:.2f} | "
                        f"{target:g} | {met} |\n")
     page.write(f"\n## Missed targets\n\n{count - len(missed)} of {count} cases meet their target.\n\n")
-    page.writelines(f"- {case}: {notes.get(case, 'not explained yet.')}\n" for case in missed)
+    reasons = collections.defaultdict(list)
+    for case in missed:
+        reasons[note_on(case, notes)].append(case)
+    page.writelines(f"- {'; '.join(members)}: {why}\n" for why, members in reasons.items())
 
 
-def write_growth(page, cases):
+def write_growth(page, cases, notes):
     page.write("\n## Growth\n\n"
                "Time at 1, 10 and 100 times an input, and the factor of each step: 10 is linear, less is better than\n"
-               "linear or a fixed cost; a little more is what the processor's caches no longer hold.\n\n"
+               "linear or a fixed cost; more, up to some 20 in one step and 10 in the other, is memory that the nearest of the\n"
+               "processor's caches no longer hold. A quadratic cost would show as 100.\n\n"
                "| function | smallest input | 1× | 10× | 100× | first step | second step |\n"
                "|---|---|---|---|---|---|---|\n")
     for name, runs in cases.items():
@@ -99,6 +108,9 @@ def write_growth(page, cases):
             page.write(f"| {name.removeprefix('growth/')} | {runs[0]['size']:.0f} {runs[0]['label']} | "
                        f"{readable(once)} | {readable(tenfold)} | {readable(hundredfold)} | "
                        f"{tenfold / once:.1f} | {hundredfold / tenfold:.1f} |\n")
+    page.write("\n")
+    page.writelines(f"- {pattern.removeprefix('growth/')}: {why}\n" for pattern, why in notes
+                    if pattern.startswith("growth/"))
 
 
 def main():
@@ -120,7 +132,7 @@ def main():
             f"{platform.system()} {platform.release()}, {platform.libc_ver()[0]} {platform.libc_ver()[1]}, GCC -O2, "
             f"scratch files in {context.get('scratch', 'a temporary folder')}.\n")
         write_pairs(page, cases, notes)
-        write_growth(page, cases)
+        write_growth(page, cases, notes)
 
 
 main()

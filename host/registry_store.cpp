@@ -8,8 +8,10 @@
 #include <cerrno>
 #include <chrono>
 #include <cstdlib>
+#include <cstring>
 #include <ctime>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <thread>
 #include <unistd.h>
 #include <utility>
@@ -68,14 +70,14 @@ std::int64_t now()
     return std::time(nullptr);
 }
 
-[[noreturn]] void throwSystemError(const std::string& file)
+[[noreturn]] void throwSystemError()
 {
     const int code = errno == EACCES || errno == EPERM ? SQLITE_PERM
                      : errno == EROFS                  ? SQLITE_READONLY
                      : errno == ENOSPC                 ? SQLITE_FULL
                      : errno == ENOMEM                 ? SQLITE_NOMEM
                                                        : SQLITE_CANTOPEN;
-    throw DatabaseError(code, file);
+    throw DatabaseError(code, std::strerror(errno));
 }
 
 // Hands out the components of a path one by one; empty ones do not count.
@@ -221,14 +223,20 @@ void RegistryStore::createFile() const
 {
     if (!makeFolders(file_.substr(0, file_.rfind('/') + 1)))
     {
-        throwSystemError(file_);
+        throwSystemError();
     }
     const int descriptor = ::open(file_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
     if (descriptor < 0)
     {
-        throwSystemError(file_);
+        throwSystemError();
     }
+    struct stat status;
+    const bool regular = fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
     ::close(descriptor);
+    if (!regular)
+    {
+        throw DatabaseError(SQLITE_CANTOPEN, "this is no regular file");
+    }
 }
 
 void RegistryStore::useWriteAheadLog()

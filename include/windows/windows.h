@@ -7,6 +7,7 @@
 
 #include "winbase.h"
 #include "windef.h"
+#include "winreg.h"
 #include "winuser.h"
 
 /* Names that sources get from the C runtime's own headers on Windows, such as _wtoi from <stdlib.h>. */

@@ -39,13 +39,19 @@ std::string quoted(const std::string& word)
 class FolderAnalyser : public testing::Test
 {
 protected:
-    FolderAnalyser() { fs::create_directory("files"); }
+    FolderAnalyser()
+    {
+        fs::create_directory("files");
+        fs::create_directory("state");
+        fs::permissions("state", fs::perms::all);
+    }
 
     // Runs the program; `prefix` stands before it on the shell's command line.
     Outcome run(std::initializer_list<std::string> arguments, const std::string& prefix = "",
                 const fs::path& program = FOLDER_ANALYSER) const
     {
-        std::string command = prefix + " env LC_ALL=C TZ=UTC " + kest::test::emulatorPrefix() + quoted(program);
+        std::string command = prefix + " env LC_ALL=C TZ=UTC KEST_REGISTRY=" + quoted(registry_) + " " +
+                              kest::test::emulatorPrefix() + quoted(program);
         for (const std::string& argument : arguments)
         {
             command += " " + quoted(argument);
@@ -85,11 +91,16 @@ protected:
             text.replace(place, folder.size(), "/scratch/");
         }
         static const std::regex time("\nWritten   \\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d, after [0-9,]+ ms\n");
-        return std::regex_replace(text, time, "\nWritten   DATE, after N ms\n");
+        static const std::regex lastTime("\nLast run  \\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d, ");
+        return std::regex_replace(std::regex_replace(text, time, "\nWritten   DATE, after N ms\n"), lastTime,
+                                  "\nLast run  DATE, ");
     }
+
+    void keepStateIn(const std::string& file) { registry_ = file; }
 
 private:
     kest::test::ScratchFolder scratch_;
+    std::string registry_ = (scratch_.path() / "state" / "registry.db").string();
 };
 
 // Every kind of file that the plug-ins tell apart.
@@ -255,10 +266,10 @@ TEST_F(FolderAnalyser, TakesFilesPatternsAndSeveralFolders)
     file("d.cpp", "333");
     scratch().write("more/e.txt", "4444");
     const Outcome outcome =
-        run({"--plugin", "LargestFiles.dll", "more", "files/*.TXT", "files/*.t?t", "--", "more/e.txt"});
+        run({"--plugin", "LargestFiles.dll", "more", "files/*.none", "files/*.T?t", "--", "more/e.txt"});
     EXPECT_EQ(outcome.out, R"(Folder analysis
 ===============
-Analysed  /scratch/more, files/*.TXT, files/*.t?t, /scratch/more/e.txt
+Analysed  /scratch/more, files/*.none, files/*.T?t, /scratch/more/e.txt
 Contents  4 files in 1 folder, 11 bytes
 Written   DATE, after N ms
 Plug-ins  LargestFiles.dll
@@ -273,9 +284,9 @@ Bytes  Share  File
 
 Problems
 --------
-"files/*.TXT" is not there
+"files/*.none" is not there
 )");
-    EXPECT_EQ(outcome.err, "FolderAnalyser: \"files/*.TXT\" is not there\n");
+    EXPECT_EQ(outcome.err, "FolderAnalyser: \"files/*.none\" is not there\n");
     EXPECT_EQ(outcome.status, 1);
 }
 
@@ -435,6 +446,42 @@ plug-in "Missing.dll" cannot be loaded: there is no such module in "nowhere", or
     EXPECT_EQ(outcome.status, 1);
 }
 
+// What one run leaves in the registry, the next compares with.
+TEST_F(FolderAnalyser, TellsWhatHasChangedSinceTheLastRun)
+{
+    const auto lines = [this](std::initializer_list<std::string> paths)
+    {
+        const Outcome outcome = run(paths);
+        EXPECT_EQ(outcome.err, "");
+        EXPECT_EQ(outcome.status, 0);
+        const std::size_t begin = outcome.out.find("Contents");
+        return outcome.out.substr(begin, outcome.out.find("Plug-ins") - begin);
+    };
+    file("a.txt", "1");
+    file("sub/b.txt", "22");
+    EXPECT_EQ(lines({"files"}), "Contents  2 files in 2 folders, 3 bytes\nWritten   DATE, after N ms\n");
+    EXPECT_EQ(lines({"files"}), "Contents  2 files in 2 folders, 3 bytes\nWritten   DATE, after N ms\n"
+                                "Last run  DATE, run 1; since then no change in number and size\n");
+    file("c.txt", "4444");
+    fs::remove_all("files/sub");
+    EXPECT_EQ(lines({"./files/"}), "Contents  2 files in 1 folder, 5 bytes\nWritten   DATE, after N ms\n"
+                                   "Last run  DATE, run 2; since then 1 folder fewer, 2 bytes more\n");
+    file("d.txt", "4444");
+    file("a.txt", "");
+    EXPECT_EQ(lines({"files"}), "Contents  3 files in 1 folder, 8 bytes\nWritten   DATE, after N ms\n"
+                                "Last run  DATE, run 3; since then 1 file more, 3 bytes more\n");
+    EXPECT_EQ(lines({"files/a.txt"}), "Contents  1 file in 0 folders, 0 bytes\nWritten   DATE, after N ms\n");
+}
+
+TEST_F(FolderAnalyser, SaysSoWhenItsTotalsCannotBeKept)
+{
+    keepStateIn("/dev/null/registry.db");
+    const Outcome outcome = run({"--plugin", "TextEncoding.dll", "files"});
+    EXPECT_NE(outcome.out, "");
+    EXPECT_EQ(outcome.err, "FolderAnalyser: the totals cannot be kept for the next run\n");
+    EXPECT_EQ(outcome.status, 1);
+}
+
 // A file that another process has locked cannot be opened, whoever asks.
 TEST_F(FolderAnalyser, NamesFilesThatAreLockedAndGoesOn)
 {
@@ -473,6 +520,7 @@ TEST_F(FolderAnalyser, NamesFilesAndFoldersThatMayNotBeRead)
     file("secrets/b.txt", "333");
     fs::copy(fs::path(FOLDER_ANALYSER).parent_path(), "program");
     fs::copy_file(PLATFORM_BASE, "program/libKestPlatformBase.so");
+    fs::copy_file(REFERENCE_HOST, "program/libKestReferenceHost.so");
     fs::permissions("files/secret.txt", fs::perms::none);
     fs::permissions("files/secrets", fs::perms::none);
     std::string prefix = "LD_LIBRARY_PATH=program";
@@ -573,9 +621,10 @@ TEST_F(FolderAnalyser, SaysSoWhenItsReportCannotBeWritten)
     EXPECT_EQ(full.err, "FolderAnalyser: the report cannot be written to \"/dev/full\"\n");
     EXPECT_EQ(full.status, 1);
 
-    EXPECT_EQ(
-        std::system((kest::test::emulatorPrefix() + quoted(FOLDER_ANALYSER) + " files >/dev/full 2>err.txt").c_str()),
-        1 << 8);
+    EXPECT_EQ(std::system(("env KEST_REGISTRY=state/registry.db " + kest::test::emulatorPrefix() +
+                           quoted(FOLDER_ANALYSER) + " files >/dev/full 2>err.txt")
+                              .c_str()),
+              1 << 8);
     EXPECT_EQ(scratch().read("err.txt"), "FolderAnalyser: the report cannot be written\n");
 }
 

@@ -158,6 +158,12 @@ TEST_F(HostProfiles, AreWrittenWholeOrNotAtAll)
 
 // ---- The registry --------------------------------------------------------------------------------------------------
 
+// One that nothing derives from, so that it can be destroyed where it stands.
+class Registry final : public RegistryService
+{
+    using RegistryService::RegistryService;
+};
+
 class HostRegistry : public testing::Test
 {
 protected:
@@ -218,7 +224,7 @@ protected:
     }
 
     ScratchFolder folder;
-    std::optional<RegistryService> service;
+    std::optional<Registry> service;
     HKEY key = nullptr;
     HKEY* child = nullptr;
     HKEY opened = nullptr;

@@ -112,7 +112,8 @@ TEST_F(SystemCallFaults, WithoutDescriptorsFilesStayAsTheyAre)
     EXPECT_EQ(statusWithoutDescriptors(
                   []
                   {
-                      for (const DWORD disposition : {CREATE_ALWAYS, OPEN_EXISTING, OPEN_ALWAYS, TRUNCATE_EXISTING})
+                      constexpr DWORD dispositions[] = {CREATE_ALWAYS, OPEN_EXISTING, OPEN_ALWAYS, TRUNCATE_EXISTING};
+                      for (const DWORD disposition : dispositions)
                       {
                           EXPECT_EQ(CreateFileW(L"target", GENERIC_READ | GENERIC_WRITE, 0, nullptr, disposition,
                                                 FILE_ATTRIBUTE_NORMAL, nullptr),

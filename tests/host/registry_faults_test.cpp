@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 #include <string>
+#include <sys/stat.h>
 #include <thread>
 #include <vector>
 
@@ -20,6 +21,7 @@ namespace
 
 namespace fs = std::filesystem;
 using kest::host::RegistryService;
+using namespace std::string_literals;
 
 constexpr LONG diskFull = 112;
 constexpr LONG registryCorrupt = 1015;
@@ -100,6 +102,18 @@ TEST_F(RegistryFaults, LeaveDatabasesOfOtherProgramsAlone)
         }
         EXPECT_TRUE(content() == before) << sql;
     }
+}
+
+TEST_F(RegistryFaults, LeaveWhatIsNoRegularFileAlone)
+{
+    ASSERT_EQ(mkfifo(file_.c_str(), 0600), 0);
+    for (const std::string& file : {file_, folder_.path().string(), "/dev/null"s})
+    {
+        RegistryService service(file);
+        HKEY key = nullptr;
+        EXPECT_EQ(create(service, L"a", &key), ERROR_CANTOPEN) << file;
+    }
+    EXPECT_TRUE(fs::is_fifo(file_));
 }
 
 TEST_F(RegistryFaults, AnswerForADiskThatIsFullFromTheBeginning)

@@ -207,75 +207,81 @@ TEST_F(AuditTool, ExitsWithTheWorstAnswer)
 TEST_F(AuditTool, ReportsAsJson)
 {
     image("program.exe",
-          {{"KERNEL32.dll", {"GetACP", "Foreign\xFF", "CreateFileA"}}, {"ADVAPI32.dll", {"RegCloseKey"}}});
-    scratch().write("data", "");
-    const Outcome outcome = audit("--json program.exe data");
+          {{"KERNEL32.dll", {"GetACP", "Fremd\xC3\xA4\xFF", "CreateFileA"}}, {"ADVAPI32.dll", {"RegCloseKey"}}});
+    const std::string odd = "da\x01\"ta";
+    scratch().write(odd, "");
+    const Outcome outcome = audit("--json program.exe " + quoted(odd));
     EXPECT_EQ(outcome.out, R"({
   "files": [
     {
-      "format": "Windows program",
       "path": "program.exe",
+      "format": "Windows program",
       "problems": []
     },
     {
+      "path": "da\u0001\"ta",
       "format": "",
-      "path": "data",
       "problems": [
-        "data: empty"
+        "da\u0001\"ta: empty"
       ]
     }
   ],
+  "totals": {
+    "not provided": 2,
+    "ends the process": 0,
+    "fixed result": 1,
+    "forwarded": 1,
+    "local": 0,
+    "companion": 0,
+    "C library": 0,
+    "compiler": 0
+  },
   "functions": [
     {
+      "name": "CreateFileA",
+      "symbol": "CreateFileA",
       "answer": "not provided",
       "hint": "CreateFileW is provided",
       "modules": [
         "kernel32.dll"
       ],
-      "name": "CreateFileA",
       "neededBy": [
         "program.exe"
-      ],
-      "symbol": "CreateFileA"
+      ]
     },
     {
+      "name": "Fremdä�",
+      "symbol": "Fremdä�",
       "answer": "not provided",
       "modules": [
         "kernel32.dll"
       ],
-      "name": "Foreign�",
       "neededBy": [
         "program.exe"
-      ],
-      "symbol": "Foreign�"
+      ]
     },
     {
+      "name": "GetACP",
+      "symbol": "GetACP",
       "answer": "fixed result",
+      "library": "libKestPlatformBase.so",
       "header": "kernel/locale.h",
       "kind": "fixed result",
-      "library": "libKestPlatformBase.so",
+      "result": "936",
       "modules": [
         "kernel32.dll"
       ],
-      "name": "GetACP",
       "neededBy": [
         "program.exe"
-      ],
-      "result": "936",
-      "symbol": "GetACP"
+      ]
     },
     {
+      "name": "RegCloseKey",
+      "symbol": "RegCloseKey",
       "answer": "forwarded",
+      "library": "libKestPlatformBase.so",
       "header": "registry.h",
       "kind": "checked forward",
-      "library": "libKestPlatformBase.so",
-      "modules": [
-        "advapi32.dll"
-      ],
-      "name": "RegCloseKey",
-      "neededBy": [
-        "program.exe"
-      ],
       "operations": [
         {
           "operation": "IRegistryService::RegCloseKey",
@@ -283,33 +289,28 @@ TEST_F(AuditTool, ReportsAsJson)
           "withoutService": "1"
         }
       ],
-      "symbol": "RegCloseKey"
+      "modules": [
+        "advapi32.dll"
+      ],
+      "neededBy": [
+        "program.exe"
+      ]
     }
   ],
-  "missingLibraries": [],
   "operations": [
     {
-      "neededFor": [
-        "RegCloseKey"
-      ],
+      "service": "IRegistryService",
       "operation": "RegCloseKey",
       "position": 6,
-      "service": "IRegistryService"
+      "neededFor": [
+        "RegCloseKey"
+      ]
     }
   ],
-  "totals": {
-    "C library": 0,
-    "companion": 0,
-    "compiler": 0,
-    "ends the process": 0,
-    "fixed result": 1,
-    "forwarded": 1,
-    "local": 0,
-    "not provided": 2
-  }
+  "missingLibraries": []
 }
 )");
-    EXPECT_EQ(outcome.err, "kest-audit: data: empty\n");
+    EXPECT_EQ(outcome.err, "kest-audit: " + odd + ": empty\n");
     EXPECT_EQ(outcome.status, 1);
 }
 

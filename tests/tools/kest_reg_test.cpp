@@ -373,6 +373,12 @@ TEST_F(KestReg, NamesADamagedRegistryAndLeavesItAlone)
     EXPECT_EQ(scratch_.read("registry.db"), std::string(5000, 'x'));
 }
 
+TEST_F(KestReg, SaysWhyTheRegistryCannotBeOpened)
+{
+    std::filesystem::create_directory("registry.db");
+    expectRefused({"query", "HKCU"}, "registry \"" + registry_ + "\": Is a directory");
+}
+
 TEST_F(KestReg, SaysSoWhenItsOutputCannotBeWritten)
 {
     EXPECT_EQ(

@@ -76,22 +76,22 @@ std::string WindowsImage::headers(std::uint32_t imports, std::uint32_t delayed) 
     text += std::string("PE\0\0", 4);
     number(text, wide ? 0x8664 : 0x14C, 2);
     number(text, 1, 2); // sections
-    number(text, 0, 12);
+    text.append(12, '\0');
     number(text, (wide ? 112 : 96) + directories * 8, 2);
     number(text, 0x0022, 2); // can be executed
     // The optional header.
     number(text, wide ? 0x20B : 0x10B, 2);
-    number(text, 0, wide ? 22 : 26);
+    text.append(wide ? 22 : 26, '\0');
     number(text, image_base, wide ? 8 : 4);
     number(text, 0x1000, 4); // alignment in memory
     number(text, 0x200, 4);  // alignment in the file
-    number(text, 0, 16);
+    text.append(16, '\0');
     number(text, 0x3000, 4); // size of the image
     number(text, section_offset, 4);
     number(text, 0, 4);
     number(text, 3, 2); // a console program
     number(text, 0, 2);
-    number(text, 0, 4 * addressSize() + 4);
+    text.append(4 * addressSize() + 4, '\0');
     number(text, directories, 4);
     for (std::size_t directory = 0; directory < directories; ++directory)
     {
@@ -104,7 +104,7 @@ std::string WindowsImage::headers(std::uint32_t imports, std::uint32_t delayed) 
     number(text, section_address, 4);
     number(text, section_.size(), 4);
     number(text, section_offset, 4);
-    number(text, 0, 12);
+    text.append(12, '\0');
     number(text, 0x40000040, 4); // data, readable
     return text;
 }

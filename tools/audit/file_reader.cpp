@@ -133,6 +133,12 @@ private:
                 problem(name, llvm::joinErrors(member.takeError(), content.takeError()));
                 continue;
             }
+            // The archive reader does not look where the last member ends.
+            if (content->getBufferSize() > static_cast<std::size_t>(buffer.getBufferEnd() - content->getBufferStart()))
+            {
+                problem(name, "damaged: " + member->str() + " is cut off");
+                continue;
+            }
             // What an object reader takes for granted: numbers stand where the processor likes them.
             const auto aligned = llvm::MemoryBuffer::getMemBufferCopy(content->getBuffer());
             read(aligned->getMemBufferRef(), name + "(" + member->str() + ")");

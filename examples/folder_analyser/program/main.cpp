@@ -2,6 +2,7 @@
 #include "program/command_line.h"
 #include "program/file_content.h"
 #include "program/file_list.h"
+#include "program/history.h"
 #include "program/plugin_set.h"
 #include "program/problems.h"
 #include "program/report.h"
@@ -84,13 +85,37 @@ unsigned long long analyseFiles(const FileList& list, const PluginSet& plugins, 
     return allBytes;
 }
 
-void reportOverview(Report& report, const CommandLine& commandLine, const FileList& list, unsigned long long bytes,
+// "2 files more": what has become of a number.
+std::wstring change(unsigned long long before, unsigned long long now, const wchar_t* noun)
+{
+    return before < now ? text::counted(now - before, noun) + L" more" : text::counted(before - now, noun) + L" fewer";
+}
+
+std::wstring changes(const Run& last, const Run& run)
+{
+    std::vector<std::wstring> parts;
+    if (last.files != run.files)
+    {
+        parts.push_back(change(last.files, run.files, L"file"));
+    }
+    if (last.folders != run.folders)
+    {
+        parts.push_back(change(last.folders, run.folders, L"folder"));
+    }
+    if (last.bytes != run.bytes)
+    {
+        parts.push_back(change(last.bytes, run.bytes, L"byte"));
+    }
+    return parts.empty() ? L"no change in number and size" : joinedList(parts);
+}
+
+void reportOverview(Report& report, const std::wstring& paths, const FileList& list, const Run& run, const Run& last,
                     DWORD milliseconds, const PluginSet& plugins)
 {
     report.title(L"Folder analysis");
-    report.line((L"Analysed  " + joinedList(fullPaths(commandLine.paths))).c_str());
-    report.line((L"Contents  " + text::counted(list.files.size(), L"file") + L" in " +
-                 text::counted(list.folders, L"folder") + L", " + text::counted(bytes, L"byte"))
+    report.line((L"Analysed  " + paths).c_str());
+    report.line((L"Contents  " + text::counted(run.files, L"file") + L" in " + text::counted(run.folders, L"folder") +
+                 L", " + text::counted(run.bytes, L"byte"))
                     .c_str());
     if (list.links + list.devices > 0)
     {
@@ -98,9 +123,13 @@ void reportOverview(Report& report, const CommandLine& commandLine, const FileLi
             (L"Left out  " + text::counted(list.links, L"link") + L", " + text::counted(list.devices, L"device"))
                 .c_str());
     }
-    SYSTEMTIME now;
-    GetLocalTime(&now);
-    report.line((L"Written   " + dateText(now) + L", after " + text::grouped(milliseconds) + L" ms").c_str());
+    report.line((L"Written   " + dateText(run.written) + L", after " + text::grouped(milliseconds) + L" ms").c_str());
+    if (last.number > 0)
+    {
+        report.line((L"Last run  " + dateText(last.written) + L", run " + text::grouped(last.number) +
+                     L"; since then " + changes(last, run))
+                        .c_str());
+    }
     report.line((L"Plug-ins  " + joinedList(plugins.names())).c_str());
 }
 
@@ -142,8 +171,13 @@ int analyse(const CommandLine& commandLine)
     const FileList list = listFiles(commandLine.paths, settings.skippedFolders, problems);
     const unsigned long long bytes = analyseFiles(list, plugins, problems);
 
+    const std::wstring paths = joinedList(fullPaths(commandLine.paths));
+    const Run last = recallRun(paths);
+    Run run = {last.number + 1, list.files.size(), list.folders, bytes, {}};
+    GetLocalTime(&run.written);
+
     Report report;
-    reportOverview(report, commandLine, list, bytes, GetTickCount() - started, plugins);
+    reportOverview(report, paths, list, run, last, GetTickCount() - started, plugins);
     plugins.report(report);
     reportProblems(report, problems);
 
@@ -151,6 +185,10 @@ int analyse(const CommandLine& commandLine)
     if (toFile ? !writeWholeFile(commandLine.reportFile, text::toUtf8(report.text())) : !print(stdout, report.text()))
     {
         problems.add(L"the report cannot be written" + (toFile ? L" to \"" + commandLine.reportFile + L"\"" : L""));
+    }
+    else if (!rememberRun(paths, run))
+    {
+        problems.add(L"the totals cannot be kept for the next run");
     }
     return problems.all().empty() ? statusDone : statusProblems;
 }

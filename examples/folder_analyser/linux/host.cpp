@@ -1,6 +1,0 @@
-#include "linux/host.h"
-
-IPlatformServices* makeHost()
-{
-    return new Host;
-}

@@ -76,13 +76,19 @@ void addFormats()
             return length + 1;
         });
 
-    addGrowth("wsprintfW", "characters", 2000,
-              [](long length)
-              {
-                  return [text = wideText(length), out = wideText(length + 1)]() mutable
-                  { return wsprintfW(out.data(), L"%s", text.c_str()); };
-              });
-    addGrowth("_vscwprintf", "characters", 2000,
+    const auto growText = [](const std::string& name, long size)
+    {
+        addGrowth(name, "characters", size,
+                  [](long length)
+                  {
+                      return [text = wideText(length), out = wideText(length + 1)]() mutable
+                      { return wsprintfW(out.data(), L"%s", text.c_str()); };
+                  });
+    };
+    growText("wsprintfW", 40);
+    // Nearly the longest text that can be formatted.
+    growText("wsprintfW, beyond its first scratch", 5200);
+    addGrowth("_vscwprintf", "characters", 40,
               [](long length)
               {
                   return [text = wideText(length)] {
@@ -90,7 +96,7 @@ void addFormats()
                                            text.c_str());
                   };
               });
-    addGrowth("wsprintfW, of a long format", "characters", 2000,
+    addGrowth("wsprintfW, of a long format", "characters", 40,
               [](long length)
               {
                   return [text = wideText(length), out = wideText(length + 1)]() mutable

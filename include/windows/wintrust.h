@@ -1,0 +1,30 @@
+/*
+ * Kest Platform Base, porting kit: the verification of signatures.
+ */
+#ifndef KEST_WINDOWS_WINTRUST_H
+#define KEST_WINDOWS_WINTRUST_H
+
+#include "wincrypt.h"
+
+#include "kest/kernel/certificates.h"
+
+/* ---- How much a verification looks at --------------------------------------------------------- */
+
+#define WTD_STATEACTION_AUTO_CACHE 0x00000003
+#define WTD_STATEACTION_AUTO_CACHE_FLUSH 0x00000004
+#define WTD_PROV_FLAGS_MASK 0x0000FFFF
+#define WTD_USE_IE4_TRUST_FLAG 0x00000001
+#define WTD_NO_IE4_CHAIN_FLAG 0x00000002
+#define WTD_NO_POLICY_USAGE_FLAG 0x00000004
+#define WTD_REVOCATION_CHECK_NONE 0x00000010
+#define WTD_REVOCATION_CHECK_END_CERT 0x00000020
+#define WTD_REVOCATION_CHECK_CHAIN 0x00000040
+#define WTD_REVOCATION_CHECK_CHAIN_EXCLUDE_ROOT 0x00000080
+#define WTD_HASH_ONLY_FLAG 0x00000200
+#define WTD_USE_DEFAULT_OSVER_CHECK 0x00000400
+#define WTD_LIFETIME_SIGNING_FLAG 0x00000800
+#define WTD_CACHE_ONLY_URL_RETRIEVAL 0x00001000
+#define WTD_UICONTEXT_EXECUTE 0
+#define WTD_UICONTEXT_INSTALL 1
+
+#endif

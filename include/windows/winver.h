@@ -1,0 +1,74 @@
+/*
+ * Kest Platform Base, porting kit: the numbers of a version resource and the structure that holds them.
+ */
+#ifndef KEST_WINDOWS_WINVER_H
+#define KEST_WINDOWS_WINVER_H
+
+#include "windef.h"
+
+typedef struct tagVS_FIXEDFILEINFO
+{
+    DWORD dwSignature;
+    DWORD dwStrucVersion;
+    DWORD dwFileVersionMS;
+    DWORD dwFileVersionLS;
+    DWORD dwProductVersionMS;
+    DWORD dwProductVersionLS;
+    DWORD dwFileFlagsMask;
+    DWORD dwFileFlags;
+    DWORD dwFileOS;
+    DWORD dwFileType;
+    DWORD dwFileSubtype;
+    DWORD dwFileDateMS;
+    DWORD dwFileDateLS;
+} VS_FIXEDFILEINFO;
+
+/* ---- The numbers of the version resource ------------------------------------------------------ */
+
+#define VS_VERSION_INFO 1
+#define VS_USER_DEFINED 100
+#define VS_FFI_SIGNATURE 0xFEEF04BD
+#define VS_FFI_STRUCVERSION 0x00010000
+#define VS_FFI_FILEFLAGSMASK 0x0000003F
+#define VS_FF_DEBUG 0x00000001
+#define VS_FF_PRERELEASE 0x00000002
+#define VS_FF_PATCHED 0x00000004
+#define VS_FF_PRIVATEBUILD 0x00000008
+#define VS_FF_INFOINFERRED 0x00000010
+#define VS_FF_SPECIALBUILD 0x00000020
+#define VOS_UNKNOWN 0x00000000
+#define VOS_DOS 0x00010000
+#define VOS_OS216 0x00020000
+#define VOS_OS232 0x00030000
+#define VOS_NT 0x00040000
+#define VOS__BASE 0x00000000
+#define VOS__WINDOWS16 0x00000001
+#define VOS__PM16 0x00000002
+#define VOS__PM32 0x00000003
+#define VOS__WINDOWS32 0x00000004
+#define VOS_DOS_WINDOWS16 0x00010001
+#define VOS_DOS_WINDOWS32 0x00010004
+#define VOS_NT_WINDOWS32 0x00040004
+#define VFT_UNKNOWN 0x00000000
+#define VFT_APP 0x00000001
+#define VFT_DLL 0x00000002
+#define VFT_DRV 0x00000003
+#define VFT_FONT 0x00000004
+#define VFT_VXD 0x00000005
+#define VFT_STATIC_LIB 0x00000007
+#define VFT2_UNKNOWN 0x00000000
+#define VFT2_DRV_PRINTER 0x00000001
+#define VFT2_DRV_KEYBOARD 0x00000002
+#define VFT2_DRV_LANGUAGE 0x00000003
+#define VFT2_DRV_DISPLAY 0x00000004
+#define VFT2_DRV_MOUSE 0x00000005
+#define VFT2_DRV_NETWORK 0x00000006
+#define VFT2_DRV_SYSTEM 0x00000007
+#define VFT2_DRV_INSTALLABLE 0x00000008
+#define VFT2_DRV_SOUND 0x00000009
+#define VFT2_DRV_COMM 0x0000000A
+#define VFT2_FONT_RASTER 0x00000001
+#define VFT2_FONT_VECTOR 0x00000002
+#define VFT2_FONT_TRUETYPE 0x00000003
+
+#endif

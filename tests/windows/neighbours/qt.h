@@ -1,0 +1,4 @@
+// The Qt framework.
+#include <QtCore/QtCore>
+#include <QtGui/QtGui>
+#include <QtWidgets/QtWidgets>

@@ -113,7 +113,8 @@ endmacro()
 
 # What programs and modules share.
 macro(_kest_set_up_target target)
-    target_link_libraries(${target} PRIVATE Kest::WindowsHeaders)
+    # The companions come in a package of their own; where they are, the headers declare them.
+    target_link_libraries(${target} PRIVATE Kest::WindowsHeaders $<TARGET_NAME_IF_EXISTS:Kest::Companions>)
     set_target_properties(${target} PROPERTIES
         C_VISIBILITY_PRESET hidden CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
     if(arg_UNICODE)

@@ -117,6 +117,8 @@ typedef int _TINT;
 #define _ui64tot _ui64tow
 
 /* Formatted output: wide formats as Windows reads them */
+#define _stprintf_s swprintf_s
+#define _sntprintf_s _snwprintf_s
 #define _tprintf _tarwprintf
 #define _ftprintf _tarfwprintf
 #define _sntprintf _tarswprintf
@@ -142,6 +144,11 @@ typedef int _TINT;
 #define _tscanf wscanf
 
 /* Files, paths, the environment */
+#define _tchdir _wchdir
+#define _tmkdir _wmkdir
+#define _trmdir _wrmdir
+#define _tunlink _wunlink
+#define _tdupenv_s _wdupenv_s
 #define _tfopen _wfopen
 #define _tfopen_s _wfopen_s
 #define _tremove _wremove
@@ -204,7 +211,7 @@ typedef int _TINT;
 #define _tcsupr _strupr
 #define _tcsupr_s _strupr_s
 #define _tcstok strtok
-#define _tcstok_s strtok_r
+#define _tcstok_s strtok_s
 #define _tcsclen strlen
 #define _tcsnccpy strncpy
 #define _tcsnccmp strncmp
@@ -231,6 +238,7 @@ typedef int _TINT;
 #define _ui64tot _ui64toa
 
 /* Formatted output: wide formats as Windows reads them */
+#define _stprintf_s sprintf_s
 #define _tprintf printf
 #define _ftprintf fprintf
 #define _sntprintf snprintf
@@ -256,6 +264,11 @@ typedef int _TINT;
 #define _tscanf scanf
 
 /* Files, paths, the environment */
+#define _tchdir _chdir
+#define _tmkdir _mkdir
+#define _trmdir _rmdir
+#define _tunlink _unlink
+#define _tdupenv_s _dupenv_s
 #define _tfopen fopen
 #define _tfopen_s fopen_s
 #define _tremove remove

@@ -11,6 +11,10 @@
 #include "kest/geometry.h"
 #include "kest/kernel.h"
 
+#if __has_include("kest/companions/kernel.h")
+#include "kest/companions/kernel.h"
+#endif
+
 KEST_C_BEGIN
 
 /* The entries of window programs, which the program defines: declared here so that they bear their plain names. */

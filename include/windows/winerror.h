@@ -248,10 +248,4 @@ typedef SCODE* PSCODE;
 
 #define USP_E_SCRIPT_NOT_IN_FONT ((HRESULT)0x80040200)
 
-/* ---- Strings of strsafe.h --------------------------------------------------------------------- */
-
-#define STRSAFE_E_INSUFFICIENT_BUFFER ((HRESULT)0x8007007A)
-#define STRSAFE_E_INVALID_PARAMETER ((HRESULT)0x80070057)
-#define STRSAFE_E_END_OF_FILE ((HRESULT)0x80070026)
-
 #endif

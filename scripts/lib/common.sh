@@ -45,8 +45,8 @@ as_root() {
 
 # What every build needs, and what the tools and the tests need beside it.
 build_packages=(g++ cmake ninja-build ccache libsqlite3-dev)
-test_packages=(googletest libglib2.0-dev python3 llvm-14-dev python3-clang-14 libclang-14-dev clang-format clang pkg-config dpkg-dev file
-    g++-mingw-w64-x86-64 abigail-tools)
+test_packages=(googletest libglib2.0-dev python3 llvm-14-dev python3-clang-14 libclang-14-dev clang-format clang
+    pkg-config dpkg-dev file g++-mingw-w64-x86-64 abigail-tools)
 
 # Configures and builds a preset; further arguments go to the configuration.
 build_preset() {

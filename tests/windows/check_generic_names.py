@@ -7,7 +7,7 @@ import re
 import subprocess
 import sys
 
-HEADERS = ["commctrl.h", "imm.h", "shellapi.h", "shlobj.h", "shlwapi.h", "strsafe.h", "usp10.h", "wincrypt.h", "windows.h",
+HEADERS = ["commctrl.h", "imm.h", "shellapi.h", "shlobj.h", "shlwapi.h", "usp10.h", "wincrypt.h", "windows.h",
            "winspool.h"]
 
 

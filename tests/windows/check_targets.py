@@ -1,5 +1,5 @@
-"""Installs the library into a scratch folder, builds an outside project of programs and modules written for Windows with
-the package's CMake functions, and runs them."""
+"""Installs the library into a scratch folder, builds an outside project of programs and modules written for Windows
+with the package's CMake functions, and runs them."""
 
 import argparse
 import os

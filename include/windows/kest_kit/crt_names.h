@@ -1,5 +1,6 @@
 /*
- * Kest Platform Base, porting kit: what sources get from the Microsoft C runtime's <stdlib.h>, <stdio.h> and <string.h>.
+ * Kest Platform Base, porting kit: what sources get from the Microsoft C runtime's <stdlib.h>, <stdio.h> and
+ * <string.h>.
  */
 #ifndef KEST_WINDOWS_KIT_CRT_NAMES_H
 #define KEST_WINDOWS_KIT_CRT_NAMES_H
@@ -11,7 +12,9 @@
 #endif
 
 #define _countof(array) (sizeof(array) / sizeof((array)[0]))
+#ifndef _TRUNCATE
 #define _TRUNCATE ((size_t)-1)
+#endif
 #define _MAX_PATH 260
 #define _MAX_DRIVE 3
 #define _MAX_DIR 256

@@ -93,6 +93,15 @@ TEST_F(AuditTool, CountsWhatNoGivenFileDefinesAsNotProvided)
     EXPECT_EQ(details(audit("--with" + audited("libown.so") + audited("libaudited.so")).out), expected);
 }
 
+TEST_F(AuditTool, LeavesOutWhatTheLinkerItselfDefines)
+{
+    scratch().write("places.c",
+                    "extern char _GLOBAL_OFFSET_TABLE_[], __dso_handle[], _end[], __start_own[], missing[];\n"
+                    "char* const places[] = {_GLOBAL_OFFSET_TABLE_, __dso_handle, _end, __start_own, missing};\n");
+    ASSERT_EQ(std::system("cc -c places.c"), 0);
+    EXPECT_EQ(details(audit("places.o").out), "not provided:\n    missing\n");
+}
+
 TEST_F(AuditTool, ReadsTheMembersOfArchives)
 {
     ASSERT_EQ(std::system(("ar rc both.a" + audited("audited.o") + audited("own.o")).c_str()), 0);

@@ -119,7 +119,7 @@ private:
         {
             answer = answerOf(*row);
         }
-        else if (need.optional || (!imported && system_.define(need.symbol)))
+        else if (need.optional || (!imported && (system_.define(need.symbol) || isLinkersOwn(need.symbol))))
         {
             return;
         }

@@ -178,6 +178,17 @@ bool isCompilerSupport(std::string_view symbol)
            std::ranges::any_of(support_prefixes, [symbol](std::string_view text) { return symbol.starts_with(text); });
 }
 
+bool isLinkersOwn(std::string_view symbol)
+{
+    constexpr std::string_view names[] = {
+        "_DYNAMIC",     "_GLOBAL_OFFSET_TABLE_", "__bss_start", "__dso_handle",
+        "__ehdr_start", "__executable_start",    "_edata",      "_end",
+        "_etext",
+    };
+    return std::ranges::find(names, symbol) != std::end(names) || symbol.starts_with("__start_") ||
+           symbol.starts_with("__stop_");
+}
+
 std::string lowerCase(std::string_view name)
 {
     std::string result(name);

@@ -22,6 +22,9 @@ bool isRuntimeModule(std::string_view module);
 // names them, and they are gone when the source is compiled here.
 bool isCompilerSupport(std::string_view symbol);
 
+// Names that the linker of Linux and the start-up files that it adds define, whatever is linked.
+bool isLinkersOwn(std::string_view symbol);
+
 // A module's name for comparison.
 std::string lowerCase(std::string_view name);
 

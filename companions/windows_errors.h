@@ -10,11 +10,28 @@ namespace kest::companions
 
 enum Error : DWORD
 {
+    errorFileNotFound = 2,
+    errorPathNotFound = 3,
+    errorAccessDenied = 5,
+    errorInvalidHandle = 6,
     errorNotEnoughMemory = 8,
+    errorWriteProtect = 19,
+    errorGeneralFailure = 31,
+    errorSharingViolation = 32,
+    errorNotSupported = 50,
     errorInvalidParameter = 87,
+    errorDiskFull = 112,
+    errorCallNotImplemented = 120,
     errorInsufficientBuffer = 122,
+    errorInvalidName = 123,
+    errorModuleNotFound = 126,
+    errorAlreadyExists = 183,
+    errorVariableNotFound = 203,
+    errorFileNameTooLong = 206,
     errorInvalidFlags = 1004,
     errorNoUnicodeTranslation = 1113,
+    errorDataTypeMismatch = 1629,
+    errorUnsupportedType = 1630,
 };
 
 // Sets the last error and hands the answer on.

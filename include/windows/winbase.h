@@ -247,21 +247,6 @@ typedef enum _GET_FILEEX_INFO_LEVELS
     GetFileExMaxInfoLevel
 } GET_FILEEX_INFO_LEVELS;
 
-typedef enum _FINDEX_INFO_LEVELS
-{
-    FindExInfoStandard,
-    FindExInfoBasic,
-    FindExInfoMaxInfoLevel
-} FINDEX_INFO_LEVELS;
-
-typedef enum _FINDEX_SEARCH_OPS
-{
-    FindExSearchNameMatch,
-    FindExSearchLimitToDirectories,
-    FindExSearchLimitToDevices,
-    FindExSearchMaxSearchOp
-} FINDEX_SEARCH_OPS;
-
 typedef struct _WIN32_FILE_ATTRIBUTE_DATA
 {
     DWORD dwFileAttributes;

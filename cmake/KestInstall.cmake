@@ -76,6 +76,10 @@ kest_install_library(PlatformBase kest-platform-base
     HEADERS "${PROJECT_SOURCE_DIR}/include/kest"
     INTERFACES KestWindowsHeaders
     SUMMARY "The Windows API for Linux ports")
+kest_install_library(Companions kest-companions
+    HEADERS "${PROJECT_SOURCE_DIR}/companions/include/kest"
+    REQUIRES KestPlatformBase
+    SUMMARY "The Windows API for Linux ports, its companions")
 if(TARGET KestReferenceHost)
     kest_install_library(ReferenceHost kest-reference-host
         HEADERS "${PROJECT_SOURCE_DIR}/host/include/kest"
@@ -101,6 +105,8 @@ install(DIRECTORY "${PROJECT_SOURCE_DIR}/include/windows/" DESTINATION "${CMAKE_
     COMPONENT libkestplatformbase_dev)
 install(FILES "${PROJECT_SOURCE_DIR}/abi/exports.tsv" DESTINATION "${CMAKE_INSTALL_DATADIR}/kest-platform-base"
     COMPONENT libkestplatformbase_dev)
+install(FILES "${PROJECT_SOURCE_DIR}/companions/companions.tsv"
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/kest-platform-base" COMPONENT libkestcompanions_dev)
 
 configure_package_config_file("${PROJECT_SOURCE_DIR}/cmake/KestPlatformBaseConfig.cmake.in"
     "${PROJECT_BINARY_DIR}/KestPlatformBaseConfig.cmake" INSTALL_DESTINATION "${package_folder}")

@@ -18,6 +18,7 @@ class Declaration:
 
     def __init__(self, cursor, header, comment):
         self.header = header
+        self.file = cursor.location.file.name
         self.line = cursor.extent.start.line
         self.scope = scope_of(cursor)
         self.name = "::".join((*self.scope, cursor.spelling))
@@ -75,10 +76,18 @@ def exported(cursor):
     return any(child.kind == clang.CursorKind.VISIBILITY_ATTR for child in cursor.get_children())
 
 
-def walk(scope, include, found):
+def folder_of(cursor, folders):
+    """Which of the folders the cursor's header stands below, if any."""
+    if cursor.location.file is None:
+        return None
+    return next((folder for folder in folders if folder in pathlib.Path(cursor.location.file.name).parents), None)
+
+
+def walk(scope, folders, found):
     previous, comment = None, None
     for cursor in scope.get_children():
-        if cursor.location.file is None or not cursor.location.file.name.startswith(str(include)):
+        folder = folder_of(cursor, folders)
+        if folder is None:
             continue
         if cursor.kind in FUNCTIONS or cursor.kind == clang.CursorKind.VAR_DECL:
             if cursor.raw_comment:
@@ -86,11 +95,11 @@ def walk(scope, include, found):
             elif not follows_directly(previous, cursor):
                 comment = None
             if exported(cursor):
-                header = str(pathlib.Path(cursor.location.file.name).relative_to(include))
+                header = str(pathlib.Path(cursor.location.file.name).relative_to(folder))
                 found.append(Declaration(cursor, header, comment))
             previous = cursor
         else:
-            walk(cursor, include, found)
+            walk(cursor, folders, found)
 
 
 class Operation:
@@ -123,29 +132,30 @@ def read_overview(header):
     if comment is None:
         return ""
     lines = [re.sub(r"^ \* ?", "", line) for line in comment.group(1).strip().splitlines()]
-    text = "\n".join(lines).removeprefix("* ").removeprefix("Kest Platform Base: ")
+    text = re.sub(r"^Kest Platform Base(, companions)?: ", "", "\n".join(lines).removeprefix("* "))
     return text[:1].upper() + text[1:]
 
 
 class Headers:
-    """What stands in the headers below include/kest."""
+    """What stands in the headers below kest/ of the include folders."""
 
-    def __init__(self, include):
-        include = pathlib.Path(include).resolve()
-        self.unit = parse(include)
+    def __init__(self, *includes):
+        includes = [pathlib.Path(include).resolve() for include in includes]
+        folders = [include / "kest" for include in includes]
+        headers = {str(path.relative_to(folder)): path for folder in folders for path in sorted(folder.rglob("*.h"))}
+        self.unit = parse(includes, headers)
         self.declarations = []
-        walk(self.unit.cursor, include / "kest", self.declarations)
+        walk(self.unit.cursor, folders, self.declarations)
         self.declarations.sort(key=lambda declaration: (declaration.header, declaration.line))
         self.interfaces = read_interfaces(self.unit)
-        self.overviews = {str(path.relative_to(include / "kest")): read_overview(path)
-                          for path in sorted((include / "kest").rglob("*.h"))}
+        self.overviews = {header: read_overview(path) for header, path in headers.items()}
 
 
-def parse(include):
-    headers = sorted(path.relative_to(include) for path in (include / "kest").rglob("*.h"))
-    source = "".join(f'#include "{header}"\n' for header in headers)
+def parse(includes, headers):
+    source = "".join(f'#include "kest/{header}"\n' for header in headers)
     unit = clang.Index.create().parse("all_headers.cpp", unsaved_files=[("all_headers.cpp", source)],
-                                      args=["-x", "c++", "-std=c++20", "--target=x86_64-linux-gnu", f"-I{include}"])
+                                      args=["-x", "c++", "-std=c++20", "--target=x86_64-linux-gnu",
+                                            *(f"-I{include}" for include in includes)])
     errors = [str(problem) for problem in unit.diagnostics if problem.severity >= clang.Diagnostic.Error]
     if errors:
         raise SystemExit("\n".join(errors))

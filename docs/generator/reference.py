@@ -1,7 +1,7 @@
-"""Writes the reference, docs/reference/, from the public headers and abi/exports.tsv.
+"""Writes the reference, docs/reference/, from the public headers and the tables of exports, the companions' included.
 
 With --check nothing is written: the pages must be up to date. Either way every export must have a contract, and the
-contract's kind, the operation that it names and that operation's slot must be those of the table.
+contract's kind, the operation that it names and that operation's slot must be those of its table.
 """
 
 import argparse
@@ -16,7 +16,9 @@ sys.path.insert(0, str(ROOT / "abi"))
 import declarations
 import exports_table
 
-PREFACE = "<!-- Written by scripts/reference from the headers and abi/exports.tsv. -->\n"
+INCLUDES = [ROOT / "include", ROOT / "companions" / "include"]
+TABLES = [ROOT / "abi" / "exports.tsv", ROOT / "companions" / "companions.tsv"]
+PREFACE = "<!-- Written by scripts/reference from the headers and the tables of exports. -->\n"
 TAG_TITLES = {"param": "Argument", "return": "Result", "lasterror": "Last error", "null": "Null", "kind": "Kind",
               "differs": "Differs from Windows"}
 
@@ -64,6 +66,10 @@ def cell(text):
     return re.sub(r"\s+", " ", text).replace("|", "\\|")
 
 
+def read_tables():
+    return [dict(row, table=table.relative_to(ROOT)) for table in TABLES for row in exports_table.read(table)]
+
+
 def join(headers, rows):
     """Entries in header order; ends the program when headers and table do not agree or a contract is missing."""
     found = headers.declarations
@@ -71,7 +77,7 @@ def join(headers, rows):
     second_names = {row["second_name_of"]: row["symbol"] for row in rows if row["second_name_of"] != "-"}
     problems, entries, seen = [], [], set()
     for row in rows:
-        place = f"abi/exports.tsv:{row['line']}: {row['symbol']}"
+        place = f"{row['table']}:{row['line']}: {row['symbol']}"
         other = row["second_name_of"] if row["second_name_of"] != "-" else second_names.get(row["symbol"])
         declaration = by_symbol.get(row["symbol"]) or by_symbol.get(other)
         if declaration is None:
@@ -81,7 +87,7 @@ def join(headers, rows):
         if id(declaration) not in seen:
             seen.add(id(declaration))
             entries.append(Entry(declaration, row))
-    problems += [f"include/kest/{declaration.header}:{declaration.line}: {declaration.name} is not in abi/exports.tsv"
+    problems += [f"{declaration.file}:{declaration.line}: {declaration.name} is in no table of exports"
                  for declaration in found if not set(declaration.symbols) & {row["symbol"] for row in rows}]
     if problems:
         sys.exit("\n".join(problems))
@@ -153,8 +159,9 @@ def grouped(items, key):
 
 def index_page(entries):
     lines = [PREFACE, "# Reference\n\n",
-             "Everything that libKestPlatformBase.so exports, with the contract that stands at its declaration. Each page "
-             "is a header of `include/kest`.\n\n",
+             "Everything that libKestPlatformBase.so exports and, from the headers in `companions`, libKestCompanions.so, "
+             "with the contract that stands at its declaration. Each page is a header of `include/kest` or "
+             "`companions/include/kest`.\n\n",
              "- [Every difference from Windows](differences.md)\n",
              "- [Fixed results](fixed_results.md)\n",
              "- [What a host must implement](host.md)\n",
@@ -291,8 +298,8 @@ def main():
     parser.add_argument("--check", action="store_true")
     options = parser.parse_args()
 
-    headers = declarations.Headers(ROOT / "include")
-    entries = join(headers, exports_table.read(ROOT / "abi" / "exports.tsv"))
+    headers = declarations.Headers(*INCLUDES)
+    entries = join(headers, read_tables())
     pages = {page_of(header): header_page(header, headers.overviews[header], group)
              for header, group in grouped(entries, lambda entry: entry.header).items()}
     pages |= {"index.md": index_page(entries), "differences.md": differences_page(entries),

@@ -31,6 +31,8 @@ class Library:
 # the C++ library's.
 LIBRARIES = {library.target: library for library in (
     Library("KestPlatformBase", "platform_base", "kest-platform-base", "kest/kernel.h", {"libc6"}, "no hub\n"),
+    Library("KestCompanions", "companions", "kest-companions", "kest/companions/kernel.h",
+            {"libc6", "libkestplatformbase"}, "the companions answer\n"),
     Library("KestReferenceHost", "reference_host", "kest-reference-host", "kest/reference_host.h",
             {"libc6", "libkestplatformbase", "libsqlite3-0"}, "the reference host answers\n"),
 )}
@@ -92,6 +94,8 @@ def check_debian_packages(options, scratch):
         expect_holds(packages[library.package + "-dev"], library.header, library.targets_file, library.pkg_config + ".pc")
     expect_holds(packages["libkestplatformbase-dev"], "KestPlatformBaseConfig.cmake", "KestWindowsPrograms.cmake",
                  "kest-windows/windows.h", "exports.tsv")
+    if "libkestcompanions-dev" in packages:
+        expect_holds(packages["libkestcompanions-dev"], "companions.tsv")
     if "libkestreferencehost" in packages:
         expect_holds(packages["libkestreferencehost"], "bin/kest-reg")
     if options.tools:

@@ -119,12 +119,16 @@ void terminate(Value& value)
 
 std::wstring expanded(const wchar_t* text)
 {
-    std::wstring result;
+    // Without memory nothing is written: not even the terminator of an empty text.
+    constexpr wchar_t untouched = L'?';
+    std::wstring result(MAX_PATH, untouched);
     DWORD length = 0;
     // The variables may change between the calls.
     while ((length = ExpandEnvironmentStringsW(text, result.data(), static_cast<DWORD>(result.size()))) >=
            result.size())
-        result.resize(length + 1);
+        result.assign(length + 1, untouched);
+    if (length == 0 && result.front() == untouched)
+        throw std::bad_alloc();
     result.resize(length);
     return result;
 }

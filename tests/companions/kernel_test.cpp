@@ -250,8 +250,9 @@ protected:
 
 TEST_F(ExtendedSearch, IsTheServices)
 {
-    for (const DWORD flags : {0, FIND_FIRST_EX_LARGE_FETCH, FIND_FIRST_EX_ON_DISK_ENTRIES_ONLY})
+    for (const int advice : {0, FIND_FIRST_EX_LARGE_FETCH, FIND_FIRST_EX_ON_DISK_ENTRIES_ONLY})
     {
+        const auto flags = static_cast<DWORD>(advice);
         for (const FINDEX_SEARCH_OPS operation : {FindExSearchNameMatch, FindExSearchLimitToDirectories})
         {
             EXPECT_EQ(FindFirstFileExW(L"here/*", FindExInfoStandard, &find, operation, nullptr, flags),

@@ -169,6 +169,14 @@ TEST_F(RegistryCompanions, ExpandVariables)
     EXPECT_EQ(get(L"path", RRF_RT_ANY | RRF_NOEXPAND), kept);
     EXPECT_EQ(get(L"path", RRF_RT_REG_EXPAND_SZ | RRF_NOEXPAND), kept);
     EXPECT_EQ(get(L"path", RRF_RT_REG_SZ | RRF_NOEXPAND).result, 1630);
+
+    const ScopedVariable much("KEST_TEST_MUCH", std::string(1000, 'x').c_str());
+    set(L"nothing", REG_EXPAND_SZ, "");
+    EXPECT_EQ(get(L"nothing", RRF_RT_ANY), (Answer{0, REG_SZ, bytesOf(L"\0"s)}));
+    set(L"much", REG_EXPAND_SZ, bytesOf(L"%KEST_TEST_MUCH%"));
+    DWORD size = 0;
+    EXPECT_EQ(RegGetValueW(key, nullptr, L"much", RRF_RT_ANY, nullptr, nullptr, &size), 0);
+    EXPECT_EQ(size, 1001 * sizeof(wchar_t));
 }
 
 TEST_F(RegistryCompanions, ReadBelowTheKey)

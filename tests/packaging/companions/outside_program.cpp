@@ -9,7 +9,7 @@ int main()
 {
     int count = 0;
     LPWSTR* const arguments = CommandLineToArgvW(GetCommandLineW(), &count);
-    const bool found = arguments != nullptr && count == 1;
+    const bool found = arguments != nullptr && count > 0;
     std::free(arguments);
     HANDLE const output = GetStdHandle(STD_OUTPUT_HANDLE);
     std::fputs(found && output == stdout ? "the companions answer\n" : "something else answers\n", stdout);

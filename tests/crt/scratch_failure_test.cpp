@@ -145,8 +145,10 @@ TEST(ScratchFailure, MakesALocaleNameAQuery)
 
 TEST(ScratchFailure, MakesLongNumbersZero)
 {
+    std::wstring number(100, L' ');
+    number += L"42";
     const ArrayFailure failure;
-    EXPECT_EQ(_wtoi((std::wstring(100, L' ') + L"42").c_str()), 0);
+    EXPECT_EQ(_wtoi(number.c_str()), 0);
     EXPECT_EQ(_wtoi(L"42"), 42);
 }
 

@@ -53,13 +53,14 @@ TEST(Encodings, ConvertUtf8BothWays)
         {"a", L"a"},
         {"\x7F\xC2\x80\xDF\xBF", L"\x7F\x80\x7FF"},
         {"\xE0\xA0\x80\xED\x9F\xBF\xEE\x80\x80\xEF\xBF\xBF", L"\x800\xD7FF\xE000\xFFFF"},
-        {"a\0b\0"s, L"a\0b\0"s},
     };
     for (const auto& [bytes, text] : pairs)
     {
         expectWide(utf8, bytes, text);
         expectBytes(utf8, text, bytes);
     }
+    expectWide(utf8, "a\0b\0"s, L"a\0b\0"s);
+    expectBytes(utf8, L"a\0b\0"s, "a\0b\0"s);
 }
 
 TEST(Encodings, ReplaceEachBrokenBeginningOfACharacterInUtf8)

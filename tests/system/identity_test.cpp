@@ -145,7 +145,9 @@ TEST(Identity, NamesHostsOf255Bytes)
     pretendedHost = std::string(255, 'h');
     Buffer out;
     EXPECT_EQ(GetComputerNameW(out.data(), nullptr), 1);
-    EXPECT_EQ(out.contents(), Buffer::startingWith(std::wstring(255, L'h') + L'\0'));
+    std::wstring name(256, L'h');
+    name.back() = L'\0';
+    EXPECT_EQ(out.contents(), Buffer::startingWith(name));
     pretendedHost.reset();
 }
 

@@ -16,10 +16,10 @@ using kest::fuzz::Output;
 using kest::fuzz::require;
 using Wide = Output<wchar_t>;
 
-// "%s" becomes "%ls", from the front, again and again.
+// "%s" becomes "%ls", from the front to the end.
 std::wstring translated(std::wstring format)
 {
-    for (std::size_t at = format.find(L"%s"); at != std::wstring::npos; at = format.find(L"%s"))
+    for (std::size_t at = format.find(L"%s"); at != std::wstring::npos; at = format.find(L"%s", at))
     {
         format.replace(at, 2, L"%ls");
     }

@@ -159,7 +159,7 @@ class Refusals(unittest.TestCase):
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--build", required=True)
-    parser.add_argument("--emulator", type=lambda text: text.split(";") if text else [], default=[])
+    parser.add_argument("--emulator", type=shlex.split, default=[])
     parser.add_argument("--configure", type=shlex.split, default=[], help="arguments for the outside project's CMake")
     parser.add_argument("--scratch", type=pathlib.Path, required=True,
                         help="folder to build in; of the same name each time, so that a compiler cache knows it again")

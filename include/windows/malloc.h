@@ -16,6 +16,10 @@
 static __inline__ __attribute__((unused)) void* _aligned_malloc(size_t size, size_t alignment)
 {
     void* block = 0;
+    if (alignment == 0 || (alignment & (alignment - 1)) != 0)
+    {
+        return 0;
+    }
     return posix_memalign(&block, alignment < sizeof(void*) ? sizeof(void*) : alignment, size) == 0 ? block : 0;
 }
 

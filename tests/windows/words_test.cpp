@@ -182,6 +182,7 @@ TEST(WindowsWords, MemoryOfTheRuntimeIsAlignedAndMeasured)
         _aligned_free(block);
     }
     EXPECT_EQ(_aligned_malloc(10, 24), nullptr);
+    EXPECT_EQ(_aligned_malloc(10, 0), nullptr);
     char* const onStack = static_cast<char*>(_alloca(16));
     onStack[15] = 'x';
     EXPECT_EQ(onStack[15], 'x');

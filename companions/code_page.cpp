@@ -1,5 +1,7 @@
 #include "code_page.h"
 
+#include "kest/kernel/locale.h"
+
 #include <array>
 #include <cerrno>
 #include <cstddef>
@@ -14,11 +16,6 @@ namespace kest::companions
 namespace
 {
 
-constexpr UINT ansiPage = 0;
-constexpr UINT oemPage = 1;
-constexpr UINT threadPage = 3;
-constexpr UINT utf8Page = 65001;
-
 constexpr std::pair<UINT, const char*> named_pages[] = {
     {10000, "MACINTOSH"},   {20127, "US-ASCII"},    {20866, "KOI8-R"},      {20932, "EUC-JP"},
     {21866, "KOI8-U"},      {28591, "ISO-8859-1"},  {28592, "ISO-8859-2"},  {28593, "ISO-8859-3"},
@@ -26,14 +23,14 @@ constexpr std::pair<UINT, const char*> named_pages[] = {
     {28598, "ISO-8859-8"},  {28599, "ISO-8859-9"},  {28603, "ISO-8859-13"}, {28605, "ISO-8859-15"},
     {50220, "ISO-2022-JP"}, {50221, "ISO-2022-JP"}, {50222, "ISO-2022-JP"}, {50225, "ISO-2022-KR"},
     {51932, "EUC-JP"},      {51936, "GB2312"},      {51949, "EUC-KR"},      {54936, "GB18030"},
-    {65000, "UTF-7"},       {utf8Page, "UTF-8"},
+    {CP_UTF7, "UTF-7"},     {CP_UTF8, "UTF-8"},
 };
 
 } // namespace
 
 std::string encodingOf(UINT codePage)
 {
-    if (codePage == ansiPage || codePage == oemPage || codePage == threadPage)
+    if (codePage == CP_ACP || codePage == CP_OEMCP || codePage == CP_THREAD_ACP)
         return nl_langinfo(CODESET);
     for (const auto& [page, name] : named_pages)
     {

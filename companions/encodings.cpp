@@ -1,6 +1,7 @@
 #include "kest/companions/encodings.h"
 
 #include "code_page.h"
+#include "kest/kernel/locale.h"
 #include "utf8.h"
 #include "windows_errors.h"
 
@@ -18,8 +19,6 @@ using namespace kest::companions;
 
 namespace
 {
-
-constexpr UINT utf8Page = 65001;
 
 constexpr DWORD failOnInvalidBytes = 0x00000008; // MB_ERR_INVALID_CHARS
 constexpr DWORD failOnInvalidCodes = 0x00000080; // WC_ERR_INVALID_CHARS
@@ -153,7 +152,7 @@ int MultiByteToWideChar(UINT codePage, DWORD flags, const char* text, int size, 
 {
     if (!argumentsHold(text, size, buffer, capacity))
         return failWith(errorInvalidParameter, 0);
-    if ((flags & ~(codePage == utf8Page ? failOnInvalidBytes : flagsToWide)) != 0)
+    if ((flags & ~(codePage == CP_UTF8 ? failOnInvalidBytes : flagsToWide)) != 0)
         return failWith(errorInvalidFlags, 0);
     const auto body = [&]
     {
@@ -170,7 +169,7 @@ int MultiByteToWideChar(UINT codePage, DWORD flags, const char* text, int size, 
 int WideCharToMultiByte(UINT codePage, DWORD flags, const wchar_t* text, int size, char* buffer, int capacity,
                         const char* defaultCharacter, BOOL* usedDefault)
 {
-    const bool utf8 = codePage == utf8Page;
+    const bool utf8 = codePage == CP_UTF8;
     if (!argumentsHold(text, size, buffer, capacity) ||
         (utf8 && (defaultCharacter != nullptr || usedDefault != nullptr)))
         return failWith(errorInvalidParameter, 0);

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <cctype>
 #include <cerrno>
-#include <climits>
 #include <cstdint>
 #include <cstring>
 #include <fcntl.h>
@@ -140,27 +139,63 @@ private:
 // A longer name ends the process, like any checked copy that does not fit.
 constexpr std::size_t longestName = 1024;
 
-// Where the word first stands at or behind `at`; the text's size if nowhere. Looks at 128 places at a time, which
-// compilers turn into vector operations: most have none where the word's first and its last two characters could stand.
+// As many characters as a vector register of any 64-bit processor holds.
+using Vector [[gnu::vector_size(16)]] = unsigned char;
+
+Vector load(const char* place)
+{
+    Vector vector;
+    std::memcpy(&vector, place, sizeof vector);
+    return vector;
+}
+
+Vector everywhere(char character)
+{
+    return Vector{} + static_cast<unsigned char>(character);
+}
+
+bool isAnySet(Vector vector)
+{
+    using Halves [[gnu::vector_size(sizeof(Vector))]] = std::uint64_t;
+    const auto halves = Halves(vector);
+    return (halves[0] | halves[1]) != 0;
+}
+
+// Where the word first stands at or behind `at`; the text's size if nowhere. Few places have the word's first and its
+// last two characters where they belong; only these are compared in full.
 std::size_t findWord(std::string_view text, std::string_view word, std::size_t at)
 {
-    constexpr std::size_t block = 128;
-    const std::size_t last = word.empty() ? 0 : word.size() - 1;
+    if (word.empty())
+    {
+        return at;
+    }
+    constexpr std::size_t step = sizeof(Vector);
+    constexpr std::size_t block = 4 * step;
+    const std::size_t last = word.size() - 1;
     const std::size_t lastButOne = last == 0 ? 0 : last - 1;
-    for (; !word.empty() && text.size() - at >= block + last; at += block)
+    const Vector first = everywhere(word.front());
+    const Vector beforeLast = everywhere(word[lastButOne]);
+    const Vector end = everywhere(word[last]);
+    const auto candidates = [=](const char* place)
+    { return Vector((load(place) == first) & (load(place + lastButOne) == beforeLast) & (load(place + last) == end)); };
+    for (; text.size() - at >= block + last; at += block)
     {
         const char* const place = text.data() + at;
-        unsigned char least = UCHAR_MAX;
-        for (std::size_t index = 0; index < block; ++index)
+        if (!isAnySet(candidates(place) | candidates(place + step) | candidates(place + 2 * step) |
+                      candidates(place + 3 * step)))
         {
-            const int differences = (place[index] ^ word[0]) | (place[index + lastButOne] ^ word[lastButOne]) |
-                                    (place[index + last] ^ word[last]);
-            least = std::min(least, static_cast<unsigned char>(differences));
+            continue;
         }
-        const std::size_t found = least == 0 ? text.substr(at, block + last).find(word) : text.npos;
-        if (found != text.npos)
+        for (std::size_t begin = at; begin < at + block; begin += step)
         {
-            return at + found;
+            const Vector marks = candidates(text.data() + begin);
+            for (std::size_t lane = 0; isAnySet(marks) && lane < step; ++lane)
+            {
+                if (marks[lane] != 0 && text.compare(begin + lane, word.size(), word) == 0)
+                {
+                    return begin + lane;
+                }
+            }
         }
     }
     return std::min(text.find(word, at), text.size());

@@ -69,6 +69,34 @@ TEST(ProfileReader, AgreesWithItsModelOnMissingFiles)
     }
 }
 
+// The search takes many places at once: names are found wherever they stand, also where others with the same first and
+// last characters stand before and behind them.
+TEST(ProfileReader, FindsNamesAtEveryPlace)
+{
+    for (const std::size_t length : {1, 2, 3, 4, 16, 17, 65, 150})
+    {
+        const std::string name = "k" + std::string(length - 1, 'y');
+        std::string other = name;
+        other[length / 2] = '-';
+        for (std::size_t place = 0; place < 140; ++place)
+        {
+            const std::string before = "[A]\n" + std::string(place, ';') + "\n";
+            const std::string behind = "\n" + std::string(200, ';') + other + "=other";
+            std::string content = before;
+            content.append(other)
+                .append("=1\n")
+                .append(name)
+                .append("=found\n")
+                .append(other)
+                .append("=2")
+                .append(behind);
+            ASSERT_EQ(Profile(content).ask("A", name), answered(5, "found")) << length << " at " << place;
+            ASSERT_EQ(Profile(before + other + "=1\n" + other + "=2" + behind).ask("A", name), byDefault)
+                << length << " at " << place;
+        }
+    }
+}
+
 TEST(ProfileReader, ReadsLargeFiles)
 {
     for (const char* const lineEnd : {"\n", "\r", "\r\n"})

@@ -73,7 +73,7 @@ TEST(ProfileReader, AgreesWithItsModelOnMissingFiles)
 // last characters stand before and behind them.
 TEST(ProfileReader, FindsNamesAtEveryPlace)
 {
-    for (const std::size_t length : {1, 2, 3, 4, 16, 17, 65, 150})
+    for (const std::size_t length : {1U, 2U, 3U, 4U, 16U, 17U, 65U, 150U})
     {
         const std::string name = "k" + std::string(length - 1, 'y');
         std::string other = name;

@@ -1,4 +1,5 @@
-"""Demands that tests/abi pins all of the interface: every export's signature, every structure, every constant."""
+"""Demands that tests/abi pins the interface of the library and of its companions, whole: every export's signature, every
+structure, every constant."""
 
 import pathlib
 import re
@@ -15,7 +16,7 @@ UNNAMED = re.compile(r"(\w+)::~?\1$")
 # What the host implements is pinned as well, and not exported.
 HOST_SIDE = re.compile(r"I\w+Services?::")
 # Names that stand for declarations, not for values.
-NO_CONSTANTS = re.compile(r"KEST_|REF(GUID|IID|CLSID)$|_stat$")
+NO_CONSTANTS = re.compile(r"KEST_|REF(GUID|IID|CLSID)$|_stat(64i32)?$")
 
 
 def text_of(folder, suffix):
@@ -23,8 +24,9 @@ def text_of(folder, suffix):
 
 
 def exported_names(root):
-    """The functions and members of the table of exports, as code names them."""
-    rows = [row for row in exports_table.read(root / "abi" / "exports.tsv") if row["kind"] != "variable"]
+    """The functions and members of the tables of exports, as code names them."""
+    tables = (root / "abi" / "exports.tsv", root / "companions" / "companions.tsv")
+    rows = [row for table in tables for row in exports_table.read(table) if row["kind"] != "variable"]
     demangled = subprocess.run(["c++filt"], input="\n".join(row["symbol"] for row in rows), check=True,
                                capture_output=True, text=True).stdout.splitlines()
     names = {re.sub(r"\(.*", "", name) if "operator(" not in name else name for name in demangled}
@@ -51,7 +53,7 @@ def constants(headers):
 def main():
     root = pathlib.Path(sys.argv[1])
     pins = root / "tests" / "abi"
-    headers = text_of(root / "include" / "kest", ".h")
+    headers = "\n".join(text_of(root / folder / "kest", ".h") for folder in ("include", "companions/include"))
     signatures = text_of(pins / "signatures", ".cpp")
     layouts = set(re.findall(r"\bsizeof\((\w+)\)", text_of(pins / "structures", ".cpp")))
     values = set(re.findall(r"\w+", text_of(pins / "constants", ".cpp") + text_of(pins, "_test.cpp")))

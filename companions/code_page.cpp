@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <langinfo.h>
+#include <new>
 #include <strings.h>
 #include <utility>
 
@@ -43,6 +44,12 @@ std::string encodingOf(UINT codePage)
 bool isUtf8(std::string_view encoding)
 {
     return encoding == "UTF-8";
+}
+
+Conversion::Conversion(const std::string& to, const std::string& from) : handle_(iconv_open(to.c_str(), from.c_str()))
+{
+    if (!known() && errno == ENOMEM)
+        throw std::bad_alloc();
 }
 
 Conversion::~Conversion()

@@ -19,7 +19,8 @@ bool isUtf8(std::string_view encoding);
 class Conversion
 {
 public:
-    Conversion(const std::string& to, const std::string& from) : handle_(iconv_open(to.c_str(), from.c_str())) {}
+    // Throws std::bad_alloc when iconv says that it is memory it lacks.
+    Conversion(const std::string& to, const std::string& from);
     ~Conversion();
     Conversion(const Conversion&) = delete;
     Conversion& operator=(const Conversion&) = delete;

@@ -137,9 +137,9 @@ int _vsnprintf(char* buffer, size_t count, const char* format, va_list arguments
     if (static_cast<size_t>(length) < count)
         return std::vsnprintf(buffer, count, format, arguments);
     const std::unique_ptr<char[]> whole(new (std::nothrow) char[static_cast<size_t>(length) + 1]);
-    if (whole == nullptr)
+    // What could be counted may still lack the memory to be written.
+    if (whole == nullptr || std::vsnprintf(whole.get(), static_cast<size_t>(length) + 1, format, arguments) < 0)
         return -1;
-    std::vsnprintf(whole.get(), static_cast<size_t>(length) + 1, format, arguments);
     std::copy_n(whole.get(), count, buffer);
     return static_cast<size_t>(length) == count ? length : -1;
 }
@@ -174,9 +174,8 @@ int printWide(wchar_t* buffer, size_t size, size_t count, const wchar_t* format,
         return _vswprintf(buffer, format, arguments);
     const size_t taken = count == _TRUNCATE ? size - 1 : count;
     const std::unique_ptr<wchar_t[]> whole(taken < size ? new (std::nothrow) wchar_t[length + 1] : nullptr);
-    if (whole == nullptr)
+    if (whole == nullptr || _vswprintf(whole.get(), format, arguments) < 0)
         return -1;
-    _vswprintf(whole.get(), format, arguments);
     std::copy_n(whole.get(), taken, buffer);
     buffer[taken] = L'\0';
     return -1;

@@ -14,8 +14,10 @@
 #include <cstdlib>
 #include <cstring>
 #include <cwchar>
+#include <exception>
 #include <fstream>
 #include <iterator>
+#include <new>
 #include <string>
 #include <string_view>
 #include <unistd.h>
@@ -211,6 +213,8 @@ std::wstring textOf(std::string_view bytes)
     const auto size = static_cast<int>(bytes.size());
     std::wstring text(bytes.size(), L'\0'); // no byte becomes more than a character
     const int length = size == 0 ? 0 : MultiByteToWideChar(0, 0, bytes.data(), size, text.data(), size);
+    if (length == 0 && size != 0)
+        throw std::bad_alloc();
     text.resize(static_cast<std::size_t>(length));
     return text;
 }
@@ -246,7 +250,11 @@ void appendArgument(std::wstring& line, const std::wstring& argument)
 
 std::wstring commandLine()
 {
-    std::ifstream file("/proc/self/cmdline", std::ios::binary);
+    std::ifstream file;
+    file.exceptions(std::ios::failbit | std::ios::badbit);
+    file.open("/proc/self/cmdline", std::ios::binary);
+    // The end of the file is no failure; an argument without memory is, and must not end the line.
+    file.exceptions(std::ios::badbit);
     std::wstring line;
     std::string argument;
     for (bool first = true; std::getline(file, argument, '\0'); first = false)
@@ -268,11 +276,11 @@ wchar_t* GetCommandLineW()
     wchar_t* text = empty;
     try
     {
-        // Never destroyed: what runs at the process's end may still read it.
+        // Never destroyed: what runs at the process's end may still read it. Not kept unless it is whole.
         static std::wstring& line = *new std::wstring(commandLine());
         text = line.data();
     }
-    catch (const std::bad_alloc&)
+    catch (const std::exception&)
     {
     }
     errno = lastError;

@@ -181,14 +181,15 @@ int formattedLength(const wchar_t* format, va_list arguments)
     return _vscwprintf(format, arguments) - 1;
 }
 
-void formatInto(char* text, std::size_t size, const char* format, va_list arguments)
+// Both answer the length, or less than 0 as well without memory to format in.
+int formatInto(char* text, std::size_t size, const char* format, va_list arguments)
 {
-    std::vsnprintf(text, size, format, arguments);
+    return std::vsnprintf(text, size, format, arguments);
 }
 
-void formatInto(wchar_t* text, std::size_t, const wchar_t* format, va_list arguments)
+int formatInto(wchar_t* text, std::size_t, const wchar_t* format, va_list arguments)
 {
-    _vswprintf(text, format, arguments);
+    return _vswprintf(text, format, arguments);
 }
 
 template <class CharT>
@@ -206,11 +207,10 @@ HRESULT print(CharT* buffer, std::size_t size, const CharT* format, va_list argu
     const int length = formattedLength(pattern, arguments);
     const std::size_t textSize = length < 0 ? 0 : static_cast<std::size_t>(length) + 1;
     const std::unique_ptr<CharT[]> text(textSize == 0 ? nullptr : new (std::nothrow) CharT[textSize]);
-    if (text != nullptr)
-        formatInto(text.get(), textSize, pattern, again);
+    const bool formatted = text != nullptr && formatInto(text.get(), textSize, pattern, again) >= 0;
     va_end(again);
     errno = lastError;
-    return text == nullptr ? destination.refuseText() : destination.put(0, {text.get(), textSize - 1});
+    return formatted ? destination.put(0, {text.get(), textSize - 1}) : destination.refuseText();
 }
 
 template <class CharT>

@@ -230,4 +230,24 @@ void expectEveryFailureHandled(const AllocatingCall& row)
     }
 }
 
+void expectNothingKeptByFailures(const KeepingCall& keeping)
+{
+    bool reached = true;
+    for (long number = 1; reached; ++number)
+    {
+        keeping.prepare(number);
+        const long before = liveBlocks();
+        bool succeeded = false;
+        {
+            const FailingAllocation failing(number, FailingAllocation::Extent::thisOne);
+            succeeded = keeping.call(number);
+            reached = failing.reached();
+        }
+        EXPECT_TRUE(succeeded || reached);
+        EXPECT_TRUE(succeeded || liveBlocks() == before) << "it keeps blocks with allocation " << number << " failing";
+        EXPECT_TRUE(number > 1 || reached) << "it allocates nothing";
+        keeping.check(number, succeeded);
+    }
+}
+
 } // namespace kest::test

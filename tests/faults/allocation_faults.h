@@ -67,4 +67,17 @@ void expectEveryFailureHandled(const Rows& rows)
     }
 }
 
+// A call that keeps something for good when it succeeds, and must keep nothing when it fails.
+struct KeepingCall
+{
+    // Of each, the number of the allocation that fails in it.
+    std::function<void(long number)> prepare;
+    // Whether it succeeded.
+    std::function<bool(long number)> call;
+    std::function<void(long number, bool succeeded)> check;
+};
+
+// Lets the first allocation of the call fail, then the second, and so on until none fails any more; each alone.
+void expectNothingKeptByFailures(const KeepingCall& keeping);
+
 } // namespace kest::test

@@ -1,5 +1,7 @@
 // The C runtime, the environment, profiles and memory blocks without memory.
 #include "faults/allocation_faults.h"
+#include "harness/in_child.h"
+#include "harness/scoped_locale.h"
 #include "harness/scoped_variable.h"
 #include "harness/scratch_folder.h"
 #include "harness/sentinel_buffer.h"
@@ -8,16 +10,17 @@
 #include "kest/kernel/environment.h"
 #include "kest/kernel/memory.h"
 #include "kest/kernel/profiles.h"
-#include "kest/user_interface/strings.h"
+#include "kest/shell_paths.h"
 
 #include <cerrno>
-#include <cstdarg>
+#include <clocale>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <cwchar>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <optional>
 #include <string>
 #include <sys/stat.h>
 #include <vector>
@@ -84,6 +87,18 @@ TEST_F(CrtAllocations, OpenNoStreams)
     });
 }
 
+TEST_F(CrtAllocations, OpenNoStreamsByNamesThatMayBeWrittenTo)
+{
+    folder.write("file", "content");
+    wchar_t path[] = L"file";
+    expectEveryFailureHandled(
+        AllocatingCall{.name = "_wfopen", // the overload
+                       .call = [&] { return (stream = _wfopen(path, L"r")) != nullptr ? 1L : 0L; },
+                       .success = 1,
+                       .failure = 0,
+                       .release = [this] { closeStream(); }});
+}
+
 TEST_F(CrtAllocations, TouchNoFiles)
 {
     struct stat status;
@@ -141,72 +156,7 @@ TEST_F(CrtAllocations, AnswerNoFoldersTheyCannotHold)
     });
 }
 
-// ---- Formatted output ----------------------------------------------------------------------------------------------
-
-int countWide(const wchar_t* format, ...)
-{
-    std::va_list arguments;
-    va_start(arguments, format);
-    const int result = _vscwprintf(format, arguments);
-    va_end(arguments);
-    return result;
-}
-
-int writeWide(wchar_t* buffer, std::size_t size, const wchar_t* format, ...)
-{
-    std::va_list arguments;
-    va_start(arguments, format);
-    const int result = vswprintf_s(buffer, size, format, arguments);
-    va_end(arguments);
-    return result;
-}
-
-TEST_F(CrtAllocations, FormatWholeTextsOrNone)
-{
-    const std::wstring text(2000, L't');
-    const std::wstring format = std::wstring(500, L'f') + L"%s";
-    const std::wstring whole = std::wstring(500, L'f') + text;
-    const auto check = [&](bool succeeded) { expectWide(succeeded ? whole + L'\0' : std::wstring()); };
-    const auto prepare = [this] { clear(); };
-    const auto close = [this] { closeStream(); };
-    expectEveryFailureHandled(std::vector<AllocatingCall>{
-        {.name = "_vscwprintf",
-         .call = [&] { return static_cast<long>(countWide(format.c_str(), text.c_str())); },
-         .success = 2501,
-         .failure = -1},
-        {.name = "wsprintfW",
-         .call = [&] { return static_cast<long>(wsprintfW(wide.data(), format.c_str(), text.c_str())); },
-         .success = 2500,
-         .failure = -1,
-         .check = check,
-         .prepare = prepare},
-        {.name = "vswprintf_s",
-         .call = [&] { return static_cast<long>(writeWide(wide.data(), 3000, format.c_str(), text.c_str())); },
-         .success = 2500,
-         .failure = -1,
-         .check = check,
-         .prepare = prepare},
-        {.name = "_tarswprintf",
-         .call = [&] { return static_cast<long>(_tarswprintf(wide.data(), 3000, format.c_str(), text.c_str())); },
-         .success = 2500,
-         .failure = -1,
-         .check = check,
-         .prepare = prepare},
-        {.name = "_tarfwprintf",
-         .call = [&] { return static_cast<long>(_tarfwprintf(stream, format.c_str(), text.c_str())); },
-         .success = 2500,
-         .failure = -1,
-         .prepare =
-             [this]
-         {
-             stream = std::fopen("out", "w");
-             // The stream's own blocks, which it asks for only once.
-             std::fwide(stream, 1);
-             std::fputwc(L'-', stream);
-         },
-         .release = close},
-    });
-}
+// ---- Numbers, locales and patterns -----------------------------------------------------------------------------------
 
 TEST_F(CrtAllocations, ReadLongNumbersAsZero)
 {
@@ -215,6 +165,82 @@ TEST_F(CrtAllocations, ReadLongNumbersAsZero)
                                              .call = [&number] { return static_cast<long>(_wtoi(number.c_str())); },
                                              .success = 42,
                                              .failure = 0});
+}
+
+// Longer digits than the C library's first buffer takes stand in a block that it asks for once and keeps.
+TEST_F(CrtAllocations, WriteAsManyDigitsAsThereIsRoomFor)
+{
+    for (const bool fails : {false, true})
+    {
+        EXPECT_EQ(statusInChild(
+                      [fails]
+                      {
+                          int point = 0;
+                          int sign = 0;
+                          std::optional<FailingAllocation> failing;
+                          if (fails)
+                              failing.emplace(1, FailingAllocation::Extent::thisOneAndAllBehindIt);
+                          const char* const written = _fcvt(1e30, 5, &point, &sign);
+                          EXPECT_TRUE(!fails || failing->reached());
+                          failing.reset();
+                          const std::string digits = written;
+                          EXPECT_EQ(digits.substr(0, 10), "1000000000");
+                          EXPECT_TRUE(fails || digits.size() == 36) << digits;
+                      }),
+                  0);
+    }
+}
+
+TEST_F(CrtAllocations, KeepTheLocaleThatCannotBeReplaced)
+{
+    const ScopedLocale before("C");
+    const auto current = [] { return std::string(std::setlocale(LC_CTYPE, nullptr)); };
+    expectEveryFailureHandled(
+        AllocatingCall{.name = "_wsetlocale",
+                       .call =
+                           []
+                       {
+                           const char* const answer = _wsetlocale(LC_CTYPE, L"C.UTF-8");
+                           return answer != nullptr && *answer != '\0' && std::strcmp(answer, "C.UTF-8") == 0 ? 1L : 0L;
+                       },
+                       .success = 1,
+                       .failure = 0,
+                       .check = [&](bool succeeded) { EXPECT_EQ(current(), succeeded ? "C.UTF-8" : "C"); },
+                       // Without any memory at all the C library's own setlocale keeps a block.
+                       .oneAlone = true,
+                       .prepare = [] { std::setlocale(LC_CTYPE, "C"); }});
+}
+
+TEST_F(CrtAllocations, MatchNoLongNames)
+{
+    const ScopedLocale utf8("C.UTF-8");
+    const std::wstring name(3000, L'n');
+    expectEveryFailureHandled(
+        AllocatingCall{.name = "PathMatchSpecW",
+                       .call = [&name] { return static_cast<long>(PathMatchSpecW(name.c_str(), L"N*")); },
+                       .success = 1,
+                       .failure = 0});
+}
+
+// ---- The keyboard --------------------------------------------------------------------------------------------------
+
+TEST_F(CrtAllocations, SeeACharacterThatWaits)
+{
+    folder.write("input", "x");
+    std::FILE* const input = stdin;
+    expectEveryFailureHandled(
+        AllocatingCall{.name = "kbhit",
+                       .call = [] { return static_cast<long>(kbhit()); },
+                       .success = 1,
+                       .failure = 0,
+                       .check = [](bool succeeded) { EXPECT_EQ(std::getchar(), succeeded ? 'x' : EOF); },
+                       .prepare = [] { stdin = std::fopen("input", "r"); },
+                       .release =
+                           [input]
+                       {
+                           std::fclose(stdin);
+                           stdin = input;
+                       }});
 }
 
 // ---- The environment -----------------------------------------------------------------------------------------------
@@ -258,30 +284,18 @@ TEST_F(CrtAllocations, LeaveTheEnvironmentAlone)
 
 TEST_F(CrtAllocations, KeepNothingOfAVariableThatCannotBeSet)
 {
-    // What the environment keeps of one that could is named: it stays for good.
-    for (long number = 1;; ++number)
-    {
-        const std::wstring text = L"KEST_TEST_PUT_" + std::to_wstring(number) + L"=value";
-        const std::string name = "KEST_TEST_PUT_" + std::to_string(number);
-        const long before = liveBlocks();
-        int result = 0;
-        bool reached = false;
+    const auto name = [](long number) { return "KEST_TEST_PUT_" + std::to_string(number); };
+    std::wstring text;
+    expectNothingKeptByFailures({
+        .prepare = [&](long number) { text = L"KEST_TEST_PUT_" + std::to_wstring(number) + L"=value"; },
+        .call = [&](long) { return _wputenv(text.c_str()) == 0; },
+        .check =
+            [&](long number, bool succeeded)
         {
-            const FailingAllocation failing(number, FailingAllocation::Extent::thisOne);
-            result = _wputenv(text.c_str());
-            reached = failing.reached();
-        }
-        if (result == 0)
-        {
-            EXPECT_STREQ(std::getenv(name.c_str()), "value");
-            EXPECT_GT(number, 1);
-            unsetenv(name.c_str());
-            break;
-        }
-        EXPECT_TRUE(reached);
-        EXPECT_EQ(liveBlocks(), before);
-        EXPECT_EQ(std::getenv(name.c_str()), nullptr);
-    }
+            EXPECT_STREQ(std::getenv(name(number).c_str()), succeeded ? "value" : nullptr);
+            unsetenv(name(number).c_str());
+        },
+    });
 }
 
 // ---- Profiles ------------------------------------------------------------------------------------------------------

@@ -15,6 +15,7 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <string>
+#include <string_view>
 #include <unistd.h>
 #include <vector>
 
@@ -135,6 +136,64 @@ TEST_F(FileAllocations, LeaveFilesAsTheyAre)
          .check = [this](bool) { EXPECT_EQ(folder.read("target"), "old content"); },
          .prepare = writeOld,
          .release = close},
+    });
+}
+
+// Streams do without the buffers that they cannot have.
+TEST_F(FileAllocations, ReadAndWriteWithoutBuffers)
+{
+    HANDLE handle = nullptr;
+    const auto open = [this, &handle]
+    {
+        folder.write("file", "content");
+        handle = CreateFileW(L"file", GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL,
+                             nullptr);
+        ASSERT_NE(handle, INVALID_HANDLE_VALUE);
+    };
+    const auto close = [&handle] { EXPECT_EQ(CloseHandle(handle), 1); };
+    const auto row =
+        [&](const char* name, long success, long failure, std::function<long()> call, const char* left = "content")
+    {
+        return AllocatingCall{.name = name,
+                              .call = std::move(call),
+                              .success = success,
+                              .failure = failure,
+                              .prepare = open,
+                              .release = [=, this]
+                              {
+                                  close();
+                                  EXPECT_EQ(folder.read("file"), left);
+                              }};
+    };
+    expectEveryFailureHandled(std::vector<AllocatingCall>{
+        row("ReadFile", 1, 0,
+            [&handle]
+            {
+                char read[7] = {};
+                DWORD count = 0;
+                return ReadFile(handle, read, 7, &count, nullptr) == 1 && std::string_view(read, 7) == "content" ? 1L
+                                                                                                                 : 0L;
+            }),
+        row(
+            "WriteFile", 1, 0,
+            [&handle]
+            {
+                DWORD count = 0;
+                return static_cast<long>(WriteFile(handle, "another", 7, &count, nullptr));
+            },
+            "another"),
+        row("SetFilePointer", 0, -1,
+            [&handle] { return static_cast<long>(SetFilePointer(handle, 3, nullptr, FILE_BEGIN)); }),
+        row("GetFileSize", 7, static_cast<long>(INVALID_FILE_SIZE),
+            [&handle] { return static_cast<long>(GetFileSize(handle, nullptr)); }),
+        row("GetFileInformationByHandle", 7, 0,
+            [&handle]
+            {
+                BY_HANDLE_FILE_INFORMATION information;
+                return GetFileInformationByHandle(handle, &information) == 1
+                           ? static_cast<long>(information.nFileSizeLow)
+                           : 0L;
+            }),
     });
 }
 

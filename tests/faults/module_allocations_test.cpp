@@ -1,9 +1,11 @@
 // The module functions let std::bad_alloc out, and have loaded, counted and changed nothing then.
 #include "faults/allocation_faults.h"
 #include "harness/scratch_folder.h"
+#include "kest/companions/kernel.h"
 #include "kest/kernel/modules.h"
 #include "module/modules/hooks.h"
 
+#include <cerrno>
 #include <dlfcn.h>
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -37,6 +39,9 @@ namespace
 using namespace kest::test;
 
 constexpr std::optional<long> badAlloc = std::nullopt;
+
+constexpr int notEnoughMemory = 8;
+constexpr int moduleNotFound = 126;
 
 // Long enough for the heap.
 const std::wstring longName = L"./a module whose name a string does not keep in itself";
@@ -83,6 +88,14 @@ TEST_F(ModuleAllocations, LoadAllOrNothing)
                                                  EXPECT_EQ(dllMainCalls, succeeded ? 1 : 0);
                                              },
                                              .release = unload});
+    expectEveryFailureHandled(
+        AllocatingCall{.name = "LoadLibraryExW",
+                       .call = [] { return LoadLibraryExW(longName.c_str(), nullptr, 0) != nullptr ? 1L : 0L; },
+                       .success = 1,
+                       .failure = 0,
+                       .mayThrow = true,
+                       .check = [](bool succeeded) { EXPECT_EQ(g_loadedModuleMap.size(), succeeded ? 1U : 0U); },
+                       .release = unload});
     std::string name = std::filesystem::path(longName).string();
     expectEveryFailureHandled(
         AllocatingCall{.name = "LoadLibraryA",
@@ -125,6 +138,39 @@ TEST_F(ModuleAllocations, CountReferencesOrNothing)
                        .failure = badAlloc,
                        .prepare = load,
                        .release = unload});
+}
+
+// Where no exception comes out, the last error tells; the loader's own want of memory looks like a module missing.
+TEST_F(ModuleAllocations, TellWhyThereIsNoModule)
+{
+    const std::string name = std::filesystem::path(longName).string();
+    const auto tellsWhy = [](bool succeeded)
+    { EXPECT_TRUE(succeeded || errno == notEnoughMemory || errno == moduleNotFound) << errno; };
+    expectEveryFailureHandled(
+        AllocatingCall{.name = "LoadLibraryExA",
+                       .call = [&name] { return LoadLibraryExA(name.c_str(), nullptr, 0) != nullptr ? 1L : 0L; },
+                       .success = 1,
+                       .failure = 0,
+                       .check =
+                           [&](bool succeeded)
+                       {
+                           tellsWhy(succeeded);
+                           EXPECT_EQ(g_loadedModuleMap.size(), succeeded ? 1U : 0U);
+                           EXPECT_EQ(dllMainCalls, succeeded ? 1 : 0);
+                       },
+                       .release = unload});
+    expectEveryFailureHandled(AllocatingCall{.name = "GetModuleHandleA",
+                                             .call = [&] { return GetModuleHandleA(name.c_str()) == module ? 1L : 0L; },
+                                             .success = 1,
+                                             .failure = 0,
+                                             .check =
+                                                 [&](bool succeeded)
+                                             {
+                                                 EXPECT_TRUE(succeeded || errno == notEnoughMemory) << errno;
+                                                 EXPECT_EQ(g_loadedModuleMap.begin()->second.count, 1U);
+                                             },
+                                             .prepare = [this] { module = LoadLibraryW(longName.c_str()); },
+                                             .release = unload});
 }
 
 TEST_F(ModuleAllocations, KeepTheDllDirectoryThatCannotBeReplaced)
@@ -175,6 +221,37 @@ TEST_F(ModuleAllocations, FindNoSymbolsThatAreNotThere)
                        .release = unload});
 }
 
+// The C library has no DllMain.
+TEST_F(ModuleAllocations, NameAndFreeNoModuleButThoseThatTheyKnow)
+{
+    wchar_t name[100] = L"?";
+    const auto openSystemLibrary = [this] { module = static_cast<HMODULE>(dlopen("libc.so.6", RTLD_LAZY)); };
+    const auto forgetErrors = []
+    {
+        dlerror();
+        dlerror();
+    };
+    expectEveryFailureHandled(
+        AllocatingCall{.name = "GetModuleFileNameW",
+                       .call = [&] { return static_cast<long>(GetModuleFileNameW(module, name, 100)); },
+                       .success = 0,
+                       .failure = 0,
+                       .check = [&name](bool) { EXPECT_EQ(name[0], L'\0'); },
+                       .prepare = openSystemLibrary,
+                       .release =
+                           [&]
+                       {
+                           dlclose(module);
+                           forgetErrors();
+                       }});
+    expectEveryFailureHandled(AllocatingCall{.name = "FreeLibrary",
+                                             .call = [this] { return static_cast<long>(FreeLibrary(module)); },
+                                             .success = 0,
+                                             .failure = 0,
+                                             .prepare = openSystemLibrary,
+                                             .release = forgetErrors});
+}
+
 // ---- The registry of string objects --------------------------------------------------------------------------------
 
 TEST(StringObjectReports, AreLostWithoutMemoryForTheRegistry)
@@ -190,6 +267,26 @@ TEST(StringObjectReports, AreLostWithoutMemoryForTheRegistry)
                                              .success = 3,
                                              .failure = 3,
                                              .release = KestPlatformCStringManager::destroyInstance});
+    int object = 0;
+    expectEveryFailureHandled(AllocatingCall{.name = "updateCStringManagerData",
+                                             .call =
+                                                 [&object]
+                                             {
+                                                 updateCStringManagerData(&object);
+                                                 return 1L;
+                                             },
+                                             .success = 1,
+                                             .failure = 1,
+                                             .release = KestPlatformCStringManager::destroyInstance});
+    expectEveryFailureHandled(AllocatingCall{.name = "KestPlatformCStringManager",
+                                             .call =
+                                                 [&object]
+                                             {
+                                                 const KestPlatformCStringManager manager;
+                                                 return manager.isElementValid(&object) ? 0L : 1L;
+                                             },
+                                             .success = 1,
+                                             .failure = badAlloc});
     expectEveryFailureHandled(AllocatingCall{
         .name = "getInstance",
         .call = [] { return KestPlatformCStringManager::getInstance() != nullptr ? 1L : 0L; },

@@ -221,7 +221,8 @@ KEST_API int _ltow_s(int value, wchar_t* destination, size_t size, int radix);
  * Writes a number's digits, rounded to count of them behind the decimal point: the C library's fcvt.
  * @param decimalPoint  receives the decimal point's position from the first digit.
  * @param sign  receives whether the number is negative.
- * @return the digits. They stand in the C library's own buffer until the next call in any thread.
+ * @return the digits; without memory for a long number only the first of them. They stand in the C library's own
+ * buffer until the next call in any thread.
  * @lasterror left as it is.
  * @null not tested.
  * @kind local

@@ -16,7 +16,8 @@
  * first.
  *
  * Local times follow the environment variable TZ as it is at the call. All functions may be called from several threads
- * at once, as long as none of them changes TZ.
+ * at once, as long as none of them changes TZ. Without memory, or a descriptor, to read the zone's rules with, the C
+ * library takes universal time for local time.
  */
 #ifndef KEST_KERNEL_TIME_H
 #define KEST_KERNEL_TIME_H

@@ -1,6 +1,6 @@
 #include "kest/companions/console.h"
 
-#include "windows_errors.h"
+#include "failure.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -31,6 +31,6 @@ HANDLE GetStdHandle(DWORD stream)
     case STD_ERROR_HANDLE:
         return handleOf(stderr);
     default:
-        return kest::companions::failWith(kest::companions::errorInvalidHandle, INVALID_HANDLE_VALUE);
+        return kest::companions::failWith(ERROR_INVALID_HANDLE, INVALID_HANDLE_VALUE);
     }
 }

@@ -1,9 +1,9 @@
 #include "kest/companions/encodings.h"
 
 #include "code_page.h"
+#include "common/utf8.h"
+#include "failure.h"
 #include "kest/kernel/locale.h"
-#include "utf8.h"
-#include "windows_errors.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -15,6 +15,7 @@
 #include <string>
 #include <string_view>
 
+using namespace kest::common;
 using namespace kest::companions;
 
 namespace
@@ -61,12 +62,12 @@ template <class CharT>
 int deliver(std::basic_string_view<CharT> text, CharT* buffer, int capacity)
 {
     if (text.size() > static_cast<std::size_t>(INT_MAX))
-        return failWith(errorInvalidParameter, 0);
+        return failWith(ERROR_INVALID_PARAMETER, 0);
     if (capacity == 0)
         return static_cast<int>(text.size());
     const auto room = static_cast<std::size_t>(capacity);
     std::copy_n(text.data(), std::min(text.size(), room), buffer);
-    return text.size() > room ? failWith(errorInsufficientBuffer, 0) : static_cast<int>(text.size());
+    return text.size() > room ? failWith(ERROR_INSUFFICIENT_BUFFER, 0) : static_cast<int>(text.size());
 }
 
 Converted<wchar_t> widened(std::string_view bytes, Conversion& conversion)
@@ -112,8 +113,8 @@ std::optional<Converted<wchar_t>> toWide(const std::string& encoding, std::strin
 {
     if (isUtf8(encoding))
     {
-        DecodedText decoded = decodeUtf8(bytes);
-        return Converted<wchar_t>{std::move(decoded.text), decoded.valid};
+        DecodedText decoded = decodeUtf8(bytes, Malformed::beginning);
+        return Converted<wchar_t>{std::move(decoded.text), decoded.valid()};
     }
     Conversion conversion("WCHAR_T", encoding);
     if (!conversion.known())
@@ -151,16 +152,16 @@ int keepingErrorOfSuccess(Body&& body)
 int MultiByteToWideChar(UINT codePage, DWORD flags, const char* text, int size, wchar_t* buffer, int capacity)
 {
     if (!argumentsHold(text, size, buffer, capacity))
-        return failWith(errorInvalidParameter, 0);
+        return failWith(ERROR_INVALID_PARAMETER, 0);
     if ((flags & ~(codePage == CP_UTF8 ? failOnInvalidBytes : flagsToWide)) != 0)
-        return failWith(errorInvalidFlags, 0);
+        return failWith(ERROR_INVALID_FLAGS, 0);
     const auto body = [&]
     {
         const auto converted = toWide(encodingOf(codePage), given(text, size));
         if (!converted)
-            return failWith(errorInvalidParameter, 0);
+            return failWith(ERROR_INVALID_PARAMETER, 0);
         if (!converted->valid && (flags & failOnInvalidBytes) != 0)
-            return failWith(errorNoUnicodeTranslation, 0);
+            return failWith(ERROR_NO_UNICODE_TRANSLATION, 0);
         return deliver<wchar_t>(converted->text, buffer, capacity);
     };
     return keepingErrorOfSuccess([&] { return reportingNoMemory(0, body); });
@@ -172,17 +173,17 @@ int WideCharToMultiByte(UINT codePage, DWORD flags, const wchar_t* text, int siz
     const bool utf8 = codePage == CP_UTF8;
     if (!argumentsHold(text, size, buffer, capacity) ||
         (utf8 && (defaultCharacter != nullptr || usedDefault != nullptr)))
-        return failWith(errorInvalidParameter, 0);
+        return failWith(ERROR_INVALID_PARAMETER, 0);
     if ((flags & ~(utf8 ? failOnInvalidCodes : flagsToBytes)) != 0)
-        return failWith(errorInvalidFlags, 0);
+        return failWith(ERROR_INVALID_FLAGS, 0);
     const auto body = [&]
     {
         const auto converted =
             toBytes(encodingOf(codePage), given(text, size), defaultCharacter != nullptr ? defaultCharacter : "?");
         if (!converted)
-            return failWith(errorInvalidParameter, 0);
+            return failWith(ERROR_INVALID_PARAMETER, 0);
         if (!converted->valid && (flags & failOnInvalidCodes) != 0)
-            return failWith(errorNoUnicodeTranslation, 0);
+            return failWith(ERROR_NO_UNICODE_TRANSLATION, 0);
         if (usedDefault != nullptr)
             *usedDefault = converted->valid ? FALSE : TRUE;
         return deliver<char>(converted->text, buffer, capacity);

@@ -1,12 +1,12 @@
 #include "kest/companions/kernel.h"
 
+#include "failure.h"
 #include "kest/companions/encodings.h"
 #include "kest/kernel/directories.h"
 #include "kest/kernel/files.h"
 #include "kest/kernel/modules.h"
 #include "narrow_text.h"
 #include "services.h"
-#include "windows_errors.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -53,15 +53,15 @@ DWORD GetModuleFileNameA(HMODULE module, char* buffer, DWORD size)
             while ((length = GetModuleFileNameW(module, name.data(), static_cast<DWORD>(name.size()))) == name.size())
                 name.resize(2 * name.size());
             if (length == 0)
-                return failWith(errorModuleNotFound, 0U);
+                return failWith(ERROR_MOD_NOT_FOUND, 0U);
             const auto bytes = narrowed(name.c_str());
             if (!bytes)
-                return failWith(errorNoUnicodeTranslation, 0U);
+                return failWith(ERROR_NO_UNICODE_TRANSLATION, 0U);
             if (size > bytes->size())
                 return handOut<char>(*bytes, buffer, size);
             if (size != 0)
                 handOut(std::string_view(*bytes).substr(0, size - 1), buffer, size);
-            return failWith(errorInsufficientBuffer, size);
+            return failWith(ERROR_INSUFFICIENT_BUFFER, size);
         });
 }
 
@@ -77,9 +77,9 @@ HMODULE moduleOf(const char* name, Function wideFunction)
                              {
                                  const auto wideName = widened(name);
                                  if (!wideName)
-                                     return failWith(errorNoUnicodeTranslation, HMODULE{});
+                                     return failWith(ERROR_NO_UNICODE_TRANSLATION, HMODULE{});
                                  const HMODULE module = wideFunction(wideName->c_str());
-                                 return module == nullptr ? failWith(errorModuleNotFound, module) : module;
+                                 return module == nullptr ? failWith(ERROR_MOD_NOT_FOUND, module) : module;
                              });
 }
 
@@ -93,7 +93,7 @@ HMODULE GetModuleHandleA(const char* name)
 HMODULE LoadLibraryExA(const char* name, HANDLE file, DWORD flags)
 {
     if (name == nullptr || *name == '\0')
-        return failWith(errorInvalidParameter, HMODULE{});
+        return failWith(ERROR_INVALID_PARAMETER, HMODULE{});
     return moduleOf(name, [=](const wchar_t* wideName) { return LoadLibraryExW(wideName, file, flags); });
 }
 
@@ -113,7 +113,7 @@ DWORD GetEnvironmentVariableA(const char* name, char* buffer, DWORD size)
 {
     const char* const value = namesAVariable(name) ? std::getenv(name) : nullptr;
     if (value == nullptr)
-        return failWith(errorVariableNotFound, 0U);
+        return failWith(ERROR_ENVVAR_NOT_FOUND, 0U);
     const DWORD length = handOut<char>(value, buffer, size);
     return length == 0 ? failWith(0, length) : length;
 }
@@ -121,11 +121,11 @@ DWORD GetEnvironmentVariableA(const char* name, char* buffer, DWORD size)
 BOOL SetEnvironmentVariableA(const char* name, const char* value)
 {
     if (!namesAVariable(name))
-        return failWith(errorInvalidParameter, FALSE);
+        return failWith(ERROR_INVALID_PARAMETER, FALSE);
     if (value != nullptr)
-        return setenv(name, value, 1) == 0 ? TRUE : failWith(errorNotEnoughMemory, FALSE);
+        return setenv(name, value, 1) == 0 ? TRUE : failWith(ERROR_NOT_ENOUGH_MEMORY, FALSE);
     if (std::getenv(name) == nullptr)
-        return failWith(errorVariableNotFound, FALSE);
+        return failWith(ERROR_ENVVAR_NOT_FOUND, FALSE);
     unsetenv(name);
     return TRUE;
 }
@@ -146,7 +146,7 @@ DWORD GetTempPathA(DWORD size, char* buffer)
                 return 0;
             path[length] = L'\0';
             const auto bytes = narrowed(path.c_str());
-            return bytes ? handOut<char>(*bytes, buffer, size) : failWith(errorNoUnicodeTranslation, 0U);
+            return bytes ? handOut<char>(*bytes, buffer, size) : failWith(ERROR_NO_UNICODE_TRANSLATION, 0U);
         });
 }
 
@@ -164,11 +164,11 @@ HANDLE FindFirstFileExW(const wchar_t* name, FINDEX_INFO_LEVELS level, void* dat
         FIND_FIRST_EX_CASE_SENSITIVE | FIND_FIRST_EX_LARGE_FETCH | FIND_FIRST_EX_ON_DISK_ENTRIES_ONLY;
     if (name == nullptr || data == nullptr || (level != FindExInfoStandard && level != FindExInfoBasic) ||
         operation >= FindExSearchMaxSearchOp || (flags & ~knownFlags) != 0)
-        return failWith(errorInvalidParameter, INVALID_HANDLE_VALUE);
+        return failWith(ERROR_INVALID_PARAMETER, INVALID_HANDLE_VALUE);
     if (operation == FindExSearchLimitToDevices || filter != nullptr)
-        return failWith(errorNotSupported, INVALID_HANDLE_VALUE);
+        return failWith(ERROR_NOT_SUPPORTED, INVALID_HANDLE_VALUE);
     if (!hasFileSystemService())
-        return failWith(errorCallNotImplemented, INVALID_HANDLE_VALUE);
+        return failWith(ERROR_CALL_NOT_IMPLEMENTED, INVALID_HANDLE_VALUE);
     auto* const find = static_cast<WIN32_FIND_DATAW*>(data);
     const HANDLE search = FindFirstFileW(name, find);
     if (search != INVALID_HANDLE_VALUE && level == FindExInfoBasic)

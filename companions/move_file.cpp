@@ -1,7 +1,9 @@
 #include "kest/companions/kernel.h"
 
+#include "common/descriptor.h"
+#include "common/windows_errors.h"
+#include "failure.h"
 #include "narrow_text.h"
-#include "windows_errors.h"
 
 #include <array>
 #include <cerrno>
@@ -11,34 +13,11 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace kest::common;
 using namespace kest::companions;
 
 namespace
 {
-
-// A descriptor, closed with the object.
-class Descriptor
-{
-public:
-    explicit Descriptor(int number) : number_(number) {}
-    ~Descriptor() { close(); }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-
-    bool open() const { return number_ != -1; }
-    int number() const { return number_; }
-
-    // Tells what the system could not report earlier.
-    bool close()
-    {
-        const int number = number_;
-        number_ = -1;
-        return number == -1 || ::close(number) == 0;
-    }
-
-private:
-    int number_;
-};
 
 bool exists(const std::string& path)
 {
@@ -58,13 +37,8 @@ bool copyContent(int from, int to)
             continue;
         if (count < 0)
             return false;
-        for (ssize_t done = 0; done < count;)
-        {
-            const ssize_t written = write(to, block.data() + done, static_cast<std::size_t>(count - done));
-            if (written < 0 && errno != EINTR)
-                return false;
-            done += written < 0 ? 0 : written;
-        }
+        if (!writeAll(to, {block.data(), static_cast<std::size_t>(count)}))
+            return false;
     }
 }
 
@@ -77,10 +51,10 @@ int moveByCopying(const std::string& from, const std::string& to)
     if (!S_ISREG(status.st_mode))
         return EACCES;
     const Descriptor source(open(from.c_str(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC));
-    if (!source.open())
+    if (!source.valid())
         return errno;
     Descriptor target(open(to.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR));
-    if (!target.open())
+    if (!target.valid())
         return errno;
     const timespec times[] = {status.st_atim, status.st_mtim};
     if (copyContent(source.number(), target.number()) && fchmod(target.number(), status.st_mode & 07777) == 0 &&
@@ -115,34 +89,27 @@ std::string folderOf(const std::string& path)
     return slash == std::string::npos ? "." : path.substr(0, slash + 1);
 }
 
-DWORD windowsErrorOf(int error, const std::string& from)
+// Windows's name for what the system says of a move.
+DWORD moveErrorOf(int error, const std::string& from)
 {
     switch (error)
     {
     case ENOENT:
-        return !exists(from) && exists(folderOf(from)) ? errorFileNotFound : errorPathNotFound;
-    case ENOTDIR:
-    case ELOOP:
-        return errorPathNotFound;
-    case EACCES:
-    case EPERM:
+        return !exists(from) && exists(folderOf(from)) ? ERROR_FILE_NOT_FOUND : ERROR_PATH_NOT_FOUND;
     case EBUSY:
-        return errorAccessDenied;
-    case ENOMEM:
-        return errorNotEnoughMemory;
-    case EROFS:
-        return errorWriteProtect;
+        return ERROR_ACCESS_DENIED;
     case EINVAL:
-        return errorSharingViolation;
-    case ENOSPC:
-    case EDQUOT:
-        return errorDiskFull;
+        return ERROR_SHARING_VIOLATION;
     case EEXIST:
-        return errorAlreadyExists;
-    case ENAMETOOLONG:
-        return errorFileNameTooLong;
+        return ERROR_ALREADY_EXISTS;
+    // Windows has codes for these, which moving does not answer.
+    case EISDIR:
+    case EMFILE:
+    case ENFILE:
+    case ETXTBSY:
+        return ERROR_GEN_FAILURE;
     default:
-        return errorGeneralFailure;
+        return static_cast<DWORD>(windowsErrorOf(error));
     }
 }
 
@@ -151,7 +118,7 @@ DWORD windowsErrorOf(int error, const std::string& from)
 BOOL MoveFileW(const wchar_t* from, const wchar_t* to)
 {
     if (from == nullptr || to == nullptr)
-        return failWith(errorInvalidParameter, FALSE);
+        return failWith(ERROR_INVALID_PARAMETER, FALSE);
     return reportingNoMemory(FALSE,
                              [=]
                              {
@@ -159,9 +126,9 @@ BOOL MoveFileW(const wchar_t* from, const wchar_t* to)
                                  const auto source = narrowed(from);
                                  const auto target = narrowed(to);
                                  if (!source || !target)
-                                     return failWith(errorInvalidName, FALSE);
+                                     return failWith(ERROR_INVALID_NAME, FALSE);
                                  if (const int error = move(*source, *target); error != 0)
-                                     return failWith(windowsErrorOf(error, *source), FALSE);
+                                     return failWith(moveErrorOf(error, *source), FALSE);
                                  errno = lastError;
                                  return TRUE;
                              });

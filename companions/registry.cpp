@@ -1,8 +1,8 @@
 #include "kest/companions/registry.h"
 
+#include "failure.h"
 #include "kest/kernel/environment.h"
 #include "kest/registry.h"
-#include "windows_errors.h"
 
 #include <cstring>
 #include <cwchar>
@@ -172,11 +172,11 @@ LONG checkType(const Value& value, DWORD flags)
     if (types == RRF_RT_ANY)
         return ERROR_SUCCESS;
     if ((flagOf(value.type) & types) == 0)
-        return errorUnsupportedType;
+        return ERROR_UNSUPPORTED_TYPE;
     const std::size_t size = types == RRF_RT_DWORD   ? sizeof(DWORD)
                              : types == RRF_RT_QWORD ? sizeof(DWORD64)
                                                      : value.data.size();
-    return value.type == REG_BINARY && value.data.size() != size ? LONG{errorDataTypeMismatch} : ERROR_SUCCESS;
+    return value.type == REG_BINARY && value.data.size() != size ? ERROR_DATATYPE_MISMATCH : ERROR_SUCCESS;
 }
 
 // The value of the types asked for, expanded and terminated.

@@ -1,9 +1,9 @@
 #include "kest/companions/shell.h"
 
+#include "failure.h"
 #include "kest/shell_paths.h"
 #include "narrow_text.h"
 #include "services.h"
-#include "windows_errors.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -73,7 +73,7 @@ const KnownFolder knownFolders[] = {
     {&FOLDERID_ProgramFilesCommonX64, CSIDL_PROGRAM_FILES_COMMON},
 };
 
-constexpr HRESULT folderNotFound = static_cast<HRESULT>(0x80070002);
+constexpr HRESULT folderNotFound = HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND);
 constexpr DWORD flagsOfNumbers = 0xF800; // of KF_FLAG_* those that are CSIDL_FLAG_* as well
 
 } // namespace
@@ -209,7 +209,7 @@ wchar_t** inOneBlock(const std::vector<std::wstring>& arguments)
 LPWSTR* CommandLineToArgvW(LPCWSTR line, int* count)
 {
     if (line == nullptr || count == nullptr)
-        return failWith(errorInvalidParameter, static_cast<LPWSTR*>(nullptr));
+        return failWith(ERROR_INVALID_PARAMETER, static_cast<LPWSTR*>(nullptr));
     return reportingNoMemory(static_cast<LPWSTR*>(nullptr),
                              [=]
                              {
@@ -217,7 +217,7 @@ LPWSTR* CommandLineToArgvW(LPCWSTR line, int* count)
                                  const std::vector<std::wstring> arguments = argumentsOf(line);
                                  wchar_t** const list = inOneBlock(arguments);
                                  if (list == nullptr)
-                                     return failWith(errorNotEnoughMemory, list);
+                                     return failWith(ERROR_NOT_ENOUGH_MEMORY, list);
                                  *count = static_cast<int>(arguments.size());
                                  errno = lastError;
                                  return list;

@@ -2,7 +2,6 @@
 
 #include <cerrno>
 #include <fcntl.h>
-#include <string_view>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -13,40 +12,8 @@ namespace kest::host
 namespace
 {
 
-class Descriptor
-{
-public:
-    explicit Descriptor(int number) : number_(number) {}
-    ~Descriptor() { close(); }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-
-    bool valid() const { return number_ >= 0; }
-    int number() const { return number_; }
-    bool close()
-    {
-        const int number = number_;
-        number_ = -1;
-        return number < 0 || ::close(number) == 0;
-    }
-
-private:
-    int number_;
-};
-
-bool writeAll(int descriptor, std::string_view content)
-{
-    while (!content.empty())
-    {
-        const ssize_t written = write(descriptor, content.data(), content.size());
-        if (written < 0 && errno != EINTR)
-        {
-            return false;
-        }
-        content.remove_prefix(static_cast<std::size_t>(written < 0 ? 0 : written));
-    }
-    return true;
-}
+using common::Descriptor;
+using common::writeAll;
 
 std::string folderOf(const std::string& path)
 {
@@ -126,22 +93,13 @@ FolderLock::FolderLock(const std::string& folder)
     int result = 0;
     do
     {
-        result = held() ? flock(descriptor_, LOCK_EX) : 0;
+        result = held() ? flock(descriptor_.number(), LOCK_EX) : 0;
     } while (result != 0 && errno == EINTR);
     if (result != 0)
     {
         const int error = errno;
-        close(descriptor_);
-        descriptor_ = -1;
+        descriptor_.close();
         errno = error;
-    }
-}
-
-FolderLock::~FolderLock()
-{
-    if (held())
-    {
-        close(descriptor_);
     }
 }
 

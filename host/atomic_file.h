@@ -1,6 +1,8 @@
 // Files that are replaced whole or not at all, one writer at a time.
 #pragma once
 
+#include "common/descriptor.h"
+
 #include <optional>
 #include <string>
 
@@ -19,15 +21,12 @@ class FolderLock
 {
 public:
     explicit FolderLock(const std::string& folder);
-    ~FolderLock();
-    FolderLock(const FolderLock&) = delete;
-    FolderLock& operator=(const FolderLock&) = delete;
 
     // False, with errno set, when the folder cannot be locked.
-    bool held() const { return descriptor_ >= 0; }
+    bool held() const { return descriptor_.valid(); }
 
 private:
-    int descriptor_;
+    common::Descriptor descriptor_;
 };
 
 // Puts new content in a file's place in one step, keeping its mode; a crash leaves the old or the new content.

@@ -3,7 +3,6 @@
 #include "out_of_memory.h"
 #include "terminal_question.h"
 #include "text.h"
-#include "windows_errors.h"
 
 #include <cstdint>
 #include <deque>
@@ -14,6 +13,7 @@
 #include <unordered_map>
 #include <utility>
 #include <vector>
+#include <winerror.h>
 
 namespace kest::host
 {
@@ -240,13 +240,13 @@ try
 {
     if (pTaskConfig == nullptr || pTaskConfig->cbSize != sizeof(TASKDIALOGCONFIG))
     {
-        return resultOf(errorInvalidParameter);
+        return HRESULT_FROM_WIN32(ERROR_INVALID_PARAMETER);
     }
     const TASKDIALOGCONFIG& dialog = *pTaskConfig;
     if ((dialog.cButtons > 0 && dialog.pButtons == nullptr) ||
         (dialog.cRadioButtons > 0 && dialog.pRadioButtons == nullptr))
     {
-        return resultOf(errorInvalidParameter);
+        return HRESULT_FROM_WIN32(ERROR_INVALID_PARAMETER);
     }
     constexpr DWORD verificationChecked = 0x0100;
 

@@ -6,12 +6,12 @@
 #include "path_resolution.h"
 #include "unicode.h"
 #include "wildcard.h"
-#include "windows_errors.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <dirent.h>
 #include <fcntl.h>
+#include <kest_kit/system_errors.h>
 #include <memory>
 #include <mutex>
 #include <new>
@@ -147,7 +147,7 @@ try
 {
     if (lpFileName == nullptr || lpFindFileData == nullptr)
     {
-        errno = errorInvalidParameter;
+        errno = ERROR_INVALID_PARAMETER;
         return INVALID_HANDLE_VALUE;
     }
     const std::wstring_view path = lpFileName;
@@ -158,14 +158,14 @@ try
     search->folder.reset(folderName ? opendir(folderName->c_str()) : nullptr);
     if (search->folder == nullptr)
     {
-        errno = errorPathNotFound;
+        errno = ERROR_PATH_NOT_FOUND;
         return INVALID_HANDLE_VALUE;
     }
     const std::wstring pattern = folded(path.substr(separator == path.npos ? 0 : separator + 1));
     findEntries(*search, pattern);
     if (!handOut(*search, *lpFindFileData))
     {
-        errno = errorFileNotFound;
+        errno = ERROR_FILE_NOT_FOUND;
         return INVALID_HANDLE_VALUE;
     }
     const HANDLE handle = search.get();
@@ -189,12 +189,12 @@ try
     }
     if (search == nullptr || lpFindFileData == nullptr)
     {
-        errno = search == nullptr ? errorInvalidHandle : errorInvalidParameter;
+        errno = search == nullptr ? ERROR_INVALID_HANDLE : ERROR_INVALID_PARAMETER;
         return 0;
     }
     if (!handOut(*search, *lpFindFileData))
     {
-        errno = errorNoMoreFiles;
+        errno = ERROR_NO_MORE_FILES;
         return 0;
     }
     return 1;
@@ -209,7 +209,7 @@ BOOL FileSystemService::FindClose(HANDLE hFindFile)
     const std::lock_guard lock(searchesMutex);
     if (searches.erase(hFindFile) == 0)
     {
-        errno = errorInvalidHandle;
+        errno = ERROR_INVALID_HANDLE;
         return 0;
     }
     return 1;

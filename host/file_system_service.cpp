@@ -1,15 +1,16 @@
 #include "kest/host/file_system_service.h"
 
+#include "common/windows_errors.h"
 #include "file_status.h"
 #include "out_of_memory.h"
 #include "path_resolution.h"
 #include "unicode.h"
-#include "windows_errors.h"
 
 #include <cerrno>
 #include <cstdlib>
 #include <cwchar>
 #include <fcntl.h>
+#include <kest_kit/system_errors.h>
 #include <new>
 #include <optional>
 #include <string>
@@ -65,7 +66,7 @@ try
     const std::optional<std::string> found = path == nullptr ? std::nullopt : existingPath(path);
     if (!found)
     {
-        errno = errorFileNotFound;
+        errno = ERROR_FILE_NOT_FOUND;
         return 0;
     }
     actualPath = fromUtf8(*found);
@@ -84,7 +85,7 @@ try
     bool isLink = false;
     if (!path || !statusAt(AT_FDCWD, path->c_str(), status, isLink))
     {
-        errno = errorFileNotFound;
+        errno = ERROR_FILE_NOT_FOUND;
         return invalidAttributes;
     }
     return attributesOf(lastComponent(*path), status, isLink);
@@ -101,7 +102,7 @@ try
     struct stat status;
     if (!path || stat(path->c_str(), &status) != 0)
     {
-        errno = errorFileNotFound;
+        errno = ERROR_FILE_NOT_FOUND;
         return 0;
     }
     const mode_t mode = status.st_mode & 07777;
@@ -109,7 +110,7 @@ try
     const mode_t wanted = readOnly ? mode & ~0222U : (mode & 0222) == 0 ? mode | 0200 : mode;
     if (wanted != mode && chmod(path->c_str(), wanted) != 0)
     {
-        errno = windowsErrorOf(errno);
+        errno = common::windowsErrorOf(errno);
         return 0;
     }
     return 1;

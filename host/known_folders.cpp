@@ -4,7 +4,6 @@
 #include "kest/shell_paths.h"
 #include "out_of_memory.h"
 #include "unicode.h"
-#include "windows_errors.h"
 
 #include <cwchar>
 #include <fstream>
@@ -12,6 +11,7 @@
 #include <optional>
 #include <string>
 #include <unistd.h>
+#include <winerror.h>
 
 namespace kest::host
 {
@@ -99,24 +99,24 @@ try
 {
     if (pszPath == nullptr)
     {
-        return resultOf(errorInvalidParameter);
+        return HRESULT_FROM_WIN32(ERROR_INVALID_PARAMETER);
     }
     *pszPath = L'\0';
     const std::string folder = knownFolder(nFolder & folderMask);
     if (folder.empty())
     {
-        return resultOf(errorInvalidParameter);
+        return HRESULT_FROM_WIN32(ERROR_INVALID_PARAMETER);
     }
     const bool present =
         access(folder.c_str(), F_OK) == 0 || ((nFolder & CSIDL_FLAG_CREATE) != 0 && makeFolders(folder));
     if (!present)
     {
-        return resultOf(errorFileNotFound);
+        return HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND);
     }
     const std::wstring path = fromUtf8(folder);
     if (path.size() >= MAX_PATH)
     {
-        return resultOf(errorInsufficientBuffer);
+        return HRESULT_FROM_WIN32(ERROR_INSUFFICIENT_BUFFER);
     }
     std::wmemcpy(pszPath, path.c_str(), path.size() + 1);
     return 0;

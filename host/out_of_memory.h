@@ -2,9 +2,8 @@
 // that allocates is a try block whose handler of std::bad_alloc answers through this.
 #pragma once
 
-#include "windows_errors.h"
-
 #include <cerrno>
+#include <kest_kit/system_errors.h>
 
 namespace kest::host
 {
@@ -13,7 +12,7 @@ namespace kest::host
 template <class Answer>
 Answer withoutMemory(Answer answer)
 {
-    errno = errorNotEnoughMemory;
+    errno = ERROR_NOT_ENOUGH_MEMORY;
     return answer;
 }
 

@@ -1,12 +1,12 @@
 #include "kest/host/profile_service.h"
 
 #include "atomic_file.h"
+#include "common/windows_errors.h"
 #include "folders.h"
 #include "out_of_memory.h"
 #include "path_resolution.h"
 #include "profile_file.h"
 #include "unicode.h"
-#include "windows_errors.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -84,7 +84,7 @@ std::string fileOf(const wchar_t* name)
 // A failing write's answer.
 BOOL refused(int systemError)
 {
-    errno = windowsErrorOf(systemError);
+    errno = common::windowsErrorOf(systemError);
     return 0;
 }
 

@@ -1,3 +1,4 @@
+#include "common/utf8.h"
 #include "kest/registry.h"
 #include "reg_text.h"
 #include "registry_store.h"
@@ -6,6 +7,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 namespace kest::host
 {
@@ -45,11 +47,12 @@ std::wstring decoded(std::string_view bytes)
     else
     {
         bytes.remove_prefix(bytes.starts_with(utf8Mark) ? utf8Mark.size() : 0);
-        if (const std::size_t malformed = malformedUtf8(bytes); malformed != bytes.npos)
+        common::DecodedText utf8 = common::decodeUtf8(bytes, common::Malformed::byte);
+        if (!utf8.valid())
         {
-            throw RegTextError(lineAt(bytes, malformed), "this is no UTF-8 text");
+            throw RegTextError(lineAt(bytes, utf8.malformed), "this is no UTF-8 text");
         }
-        text = fromUtf8(bytes);
+        text = std::move(utf8.text);
     }
     if (const std::size_t null = text.find(L'\0'); null != text.npos)
     {

@@ -4,10 +4,10 @@
 #include "registry_roots.h"
 #include "registry_store.h"
 #include "text.h"
-#include "windows_errors.h"
 
 #include <cstring>
 #include <cwchar>
+#include <kest_kit/system_errors.h>
 #include <limits>
 #include <mutex>
 #include <new>
@@ -30,25 +30,25 @@ LONG windowsError(const DatabaseError& error)
     switch (error.code())
     {
     case SQLITE_FULL:
-        return errorDiskFull;
+        return ERROR_DISK_FULL;
     case SQLITE_PERM:
     case SQLITE_READONLY:
     case SQLITE_AUTH:
         return ERROR_ACCESS_DENIED;
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
-        return errorBusy;
+        return ERROR_BUSY;
     case SQLITE_NOTADB:
     case SQLITE_ERROR: // the tables are not ours
         return ERROR_BADDB;
     case SQLITE_CORRUPT:
-        return errorRegistryCorrupt;
+        return ERROR_REGISTRY_CORRUPT;
     case SQLITE_CANTOPEN:
         return ERROR_CANTOPEN;
     case SQLITE_NOMEM:
         return ERROR_OUTOFMEMORY;
     default:
-        return errorRegistryIoFailed;
+        return ERROR_REGISTRY_IO_FAILED;
     }
 }
 

@@ -1,5 +1,6 @@
 #include "registry_store.h"
 
+#include "common/descriptor.h"
 #include "folders.h"
 #include "kest/registry.h"
 #include "unicode.h"
@@ -13,7 +14,6 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <thread>
-#include <unistd.h>
 #include <utility>
 
 namespace kest::host
@@ -225,15 +225,13 @@ void RegistryStore::createFile() const
     {
         throwSystemError();
     }
-    const int descriptor = ::open(file_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
-    if (descriptor < 0)
+    const common::Descriptor file(::open(file_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
+    if (!file.valid())
     {
         throwSystemError();
     }
     struct stat status;
-    const bool regular = fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
-    ::close(descriptor);
-    if (!regular)
+    if (fstat(file.number(), &status) != 0 || !S_ISREG(status.st_mode))
     {
         throw DatabaseError(SQLITE_CANTOPEN, "this is no regular file");
     }

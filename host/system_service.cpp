@@ -3,7 +3,6 @@
 #include "folders.h"
 #include "out_of_memory.h"
 #include "unicode.h"
-#include "windows_errors.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -11,6 +10,7 @@
 #include <clocale>
 #include <cstdlib>
 #include <cwchar>
+#include <kest_kit/system_errors.h>
 #include <new>
 #include <optional>
 #include <pwd.h>
@@ -225,7 +225,7 @@ try
     const std::optional<Number> number = format && lpValue != nullptr ? rounded(lpValue, format->digits) : std::nullopt;
     if (!number || cchNumber < 0 || (cchNumber > 0 && lpNumberStr == nullptr))
     {
-        errno = errorInvalidParameter;
+        errno = ERROR_INVALID_PARAMETER;
         return 0;
     }
     const std::wstring text = formatted(*number, *format);
@@ -236,7 +236,7 @@ try
     }
     if (cchNumber < needed)
     {
-        errno = errorInsufficientBuffer;
+        errno = ERROR_INSUFFICIENT_BUFFER;
         return 0;
     }
     std::wmemcpy(lpNumberStr, text.c_str(), text.size() + 1);

@@ -10,11 +10,8 @@ namespace kest::host
 // Wide text as UTF-8. Codes that are no characters become U+FFFD.
 std::string toUtf8(std::wstring_view text);
 
-// UTF-8 as wide text. Malformed bytes become U+FFFD.
+// UTF-8 as wide text. Each malformed byte becomes U+FFFD.
 std::wstring fromUtf8(std::string_view text);
-
-// Offset of the first byte that is no UTF-8, or npos.
-std::size_t malformedUtf8(std::string_view text);
 
 // UTF-16, low byte first, as wide text, and back. Surrogates without a partner stay as they are; a last odd byte
 // does not count.

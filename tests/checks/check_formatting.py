@@ -4,7 +4,7 @@ import pathlib
 import subprocess
 import sys
 
-FOLDERS = ["include", "src", "companions", "host", "tools", "examples", "tests", "fuzz", "benchmarks"]
+FOLDERS = ["include", "src", "common", "companions", "host", "tools", "examples", "tests", "fuzz", "benchmarks"]
 
 
 def main():

@@ -13,6 +13,7 @@
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <unistd.h>
+#include <utility>
 
 using namespace kest::test;
 
@@ -21,8 +22,8 @@ namespace
 
 namespace fs = std::filesystem;
 
-// What the next moves answer instead of moving: EXDEV, as between file systems, or EINVAL, as where a file system cannot
-// promise to replace nothing.
+// What the next moves answer instead of moving: EXDEV, as between file systems, EINVAL, as where a file system cannot
+// promise to replace nothing, or another refusal.
 int moveError = 0;
 
 struct FailingMoves
@@ -128,6 +129,20 @@ TEST_F(Moving, TellsWhatIsMissing)
     EXPECT_EQ(refusal(nullptr, L"b"), 87);
     EXPECT_EQ(refusal(L"a", nullptr), 87);
     EXPECT_EQ(refusal(L"a", std::wstring(300, L'x').c_str()), 206);
+    EXPECT_EQ(folder.read("a"), "content");
+}
+
+TEST_F(Moving, NamesWhatTheSystemReports)
+{
+    folder.write("a", "content");
+    const std::pair<int, int> errors[] = {{EPERM, 5},    {EBUSY, 5},    {ENOMEM, 8},  {EROFS, 19},
+                                          {ENOSPC, 112}, {EDQUOT, 112}, {EIO, 31},    {EISDIR, 31},
+                                          {EMFILE, 31},  {ENFILE, 31},  {ETXTBSY, 31}};
+    for (const auto& [system, windows] : errors)
+    {
+        const FailingMoves failing(system);
+        EXPECT_EQ(refusal(L"a", L"b"), windows) << system;
+    }
     EXPECT_EQ(folder.read("a"), "content");
 }
 

@@ -1,4 +1,5 @@
 // kest-reg: looks at and changes the reference host's registry.
+#include "common/utf8.h"
 #include "failure.h"
 #include "text.h"
 #include "verbs.h"
@@ -7,6 +8,7 @@
 #include <exception>
 #include <iostream>
 #include <iterator>
+#include <utility>
 
 using namespace kest::host;
 
@@ -84,12 +86,12 @@ std::vector<std::wstring> wideArguments(int count, char** arguments)
     std::vector<std::wstring> words;
     for (int index = 1; index < count; ++index)
     {
-        const std::string_view word = arguments[index];
-        if (malformedUtf8(word) != word.npos)
+        kest::common::DecodedText word = kest::common::decodeUtf8(arguments[index], kest::common::Malformed::byte);
+        if (!word.valid())
         {
             throw Failure(L"argument " + std::to_wstring(index) + L" is no UTF-8 text", statusBadCommandLine);
         }
-        words.push_back(fromUtf8(word));
+        words.push_back(std::move(word.text));
     }
     return words;
 }

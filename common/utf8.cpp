@@ -1,9 +1,8 @@
-#include "utf8.h"
+#include "common/utf8.h"
 
-#include <cstddef>
 #include <cstdint>
 
-namespace kest::companions
+namespace kest::common
 {
 
 namespace
@@ -32,12 +31,13 @@ Lead leadOf(unsigned char byte)
 
 } // namespace
 
-DecodedText decodeUtf8(std::string_view bytes)
+DecodedText decodeUtf8(std::string_view bytes, Malformed replaced)
 {
     DecodedText decoded;
     decoded.text.reserve(bytes.size());
     for (std::size_t at = 0; at < bytes.size();)
     {
+        const std::size_t begin = at;
         const auto first = static_cast<unsigned char>(bytes[at++]);
         if (first < 0x80)
         {
@@ -59,7 +59,11 @@ DecodedText decodeUtf8(std::string_view bytes)
             high = 0xBF;
         }
         decoded.text += whole ? static_cast<wchar_t>(code) : replacementCharacter;
-        decoded.valid = decoded.valid && whole;
+        if (!whole)
+        {
+            at = replaced == Malformed::byte ? begin + 1 : at;
+            decoded.malformed = decoded.valid() ? begin : decoded.malformed;
+        }
     }
     return decoded;
 }
@@ -104,4 +108,4 @@ EncodedText encodeUtf8(std::wstring_view text)
     return encoded;
 }
 
-} // namespace kest::companions
+} // namespace kest::common

@@ -1,6 +1,7 @@
 // kest-audit: tells how the Windows functions that files need are answered.
 #include "audit/audit.h"
 #include "audit/reports.h"
+#include "common_options.h"
 
 #include <getopt.h>
 #include <iostream>
@@ -14,7 +15,6 @@ using kest::audit::Answer;
 using kest::audit::Audit;
 
 constexpr int unreadable_file = 1;
-constexpr int usage_error = 2;
 
 constexpr const char* usage = "usage: kest-audit [--json] [--with FILE ...] FILE ...\n";
 
@@ -45,6 +45,8 @@ constexpr const char* help =
     "  compiler          0  brought in by the Windows compiler and its headers; gone when compiled for Linux\n"
     "The exit status is 1 when a file cannot be read (the others are reported), 2 for a wrong command line.\n";
 
+constexpr kest::tools::Program program = {"kest-audit", usage, help};
+
 int statusFor(const Audit& audit)
 {
     if (audit.hasProblems())
@@ -70,12 +72,6 @@ int statusFor(const Audit& audit)
     return 0;
 }
 
-int wrongCommandLine(const std::string& what)
-{
-    std::cerr << "kest-audit: " << what << "\n" << usage;
-    return usage_error;
-}
-
 } // namespace
 
 int main(int argc, char** argv)
@@ -99,21 +95,13 @@ int main(int argc, char** argv)
         case 'w':
             definers.emplace_back(optarg);
             break;
-        case 'h':
-            std::cout << usage << help;
-            return 0;
-        case 'V':
-            std::cout << "kest-audit " KEST_VERSION "\n";
-            return 0;
-        case ':':
-            return wrongCommandLine(std::string(argv[optind - 1]) + " needs an argument");
         default:
-            return wrongCommandLine(std::string(argv[optind - 1]) + " is no option");
+            return kest::tools::answerCommonOption(program, letter, argv[optind - 1]);
         }
     }
     if (optind == argc)
     {
-        return wrongCommandLine("no file is given");
+        return kest::tools::wrongCommandLine(program, "no file is given");
     }
     const Audit audit = kest::audit::audit({argv + optind, argv + argc}, definers);
     std::cout << (as_json ? jsonReport(audit) : textReport(audit)) << std::flush;

@@ -1,4 +1,6 @@
 // kest-trace: runs a program and tells which exports it called.
+#include "common/descriptor.h"
+#include "common_options.h"
 #include "trace/report.h"
 #include "trace/traced_run.h"
 
@@ -21,7 +23,6 @@ namespace
 namespace fs = std::filesystem;
 using kest::trace::Run;
 
-constexpr int usage_error = 2;
 constexpr int own_failure = 125;
 constexpr int cannot_execute = 126;
 constexpr int not_found = 127;
@@ -52,6 +53,8 @@ constexpr const char* help =
     "\n"
     "The exit status is the program's, or 128 and the number of the signal that ended it; 2 for a wrong command line,\n"
     "125 when kest-trace itself fails, 126 for a program that cannot be executed, 127 for one that is not found.\n";
+
+constexpr kest::tools::Program program = {"kest-trace", usage, help};
 
 struct Options
 {
@@ -95,22 +98,11 @@ int execute(Options options)
     const kest::trace::SharedTable table;
     const int status = run(options.run, table);
     const std::string text = kest::trace::report(*table, status);
-    for (std::size_t done = 0; done < text.size();)
+    if (!kest::common::writeAll(output, text))
     {
-        const ssize_t written = write(output, text.data() + done, text.size() - done);
-        if (written == -1 && errno != EINTR)
-        {
-            throw std::system_error(errno, std::generic_category(), "the report");
-        }
-        done += written > 0 ? static_cast<std::size_t>(written) : 0;
+        throw std::system_error(errno, std::generic_category(), "the report");
     }
     return WIFSIGNALED(status) ? signal_base + WTERMSIG(status) : WEXITSTATUS(status);
-}
-
-int wrongCommandLine(const std::string& what)
-{
-    std::cerr << "kest-trace: " << what << "\n" << usage;
-    return usage_error;
 }
 
 int start(const Options& options)
@@ -163,21 +155,13 @@ int main(int argc, char** argv)
             }
             break;
         }
-        case 'h':
-            std::cout << usage << help;
-            return 0;
-        case 'V':
-            std::cout << "kest-trace " KEST_VERSION "\n";
-            return 0;
-        case ':':
-            return wrongCommandLine(std::string(argv[optind - 1]) + " needs an argument");
         default:
-            return wrongCommandLine(std::string(argv[optind - 1]) + " is no option");
+            return kest::tools::answerCommonOption(program, letter, argv[optind - 1]);
         }
     }
     if (optind == argc)
     {
-        return wrongCommandLine("no program is given");
+        return kest::tools::wrongCommandLine(program, "no program is given");
     }
     options.run.command.assign(argv + optind, argv + argc);
     return start(options);

@@ -6,18 +6,6 @@
 namespace kest::host
 {
 
-namespace
-{
-
-constexpr DWORD readOnly = 0x1;
-constexpr DWORD hidden = 0x2;
-constexpr DWORD directory = 0x10;
-constexpr DWORD archive = 0x20;
-constexpr DWORD device = 0x40;
-constexpr DWORD reparsePoint = 0x400;
-
-} // namespace
-
 bool statusAt(int folder, const char* name, struct stat& status, bool& isLink)
 {
     if (fstatat(folder, name, &status, AT_SYMLINK_NOFOLLOW) != 0)
@@ -35,12 +23,12 @@ bool statusAt(int folder, const char* name, struct stat& status, bool& isLink)
 
 DWORD attributesOf(std::string_view name, const struct stat& status, bool isLink)
 {
-    DWORD attributes = S_ISDIR(status.st_mode)                              ? directory
-                       : S_ISREG(status.st_mode) || S_ISLNK(status.st_mode) ? archive
-                                                                            : device;
-    attributes |= (status.st_mode & 0222) == 0 ? readOnly : 0;
-    attributes |= name.starts_with('.') && name != "." && name != ".." ? hidden : 0;
-    attributes |= isLink ? reparsePoint : 0;
+    DWORD attributes = S_ISDIR(status.st_mode)                              ? FILE_ATTRIBUTE_DIRECTORY
+                       : S_ISREG(status.st_mode) || S_ISLNK(status.st_mode) ? FILE_ATTRIBUTE_ARCHIVE
+                                                                            : FILE_ATTRIBUTE_DEVICE;
+    attributes |= (status.st_mode & 0222) == 0 ? FILE_ATTRIBUTE_READONLY : 0;
+    attributes |= name.starts_with('.') && name != "." && name != ".." ? FILE_ATTRIBUTE_HIDDEN : 0;
+    attributes |= isLink ? FILE_ATTRIBUTE_REPARSE_POINT : 0;
     return attributes;
 }
 

@@ -25,7 +25,6 @@ namespace
 {
 
 constexpr DWORD invalidAttributes = 0xFFFFFFFF;
-constexpr DWORD readOnlyAttribute = 0x1;
 constexpr DWORD directoryAttribute = 0x10;
 
 bool isSeparator(wchar_t character)
@@ -106,7 +105,7 @@ try
         return 0;
     }
     const mode_t mode = status.st_mode & 07777;
-    const bool readOnly = (dwFileAttributes & readOnlyAttribute) != 0;
+    const bool readOnly = (dwFileAttributes & FILE_ATTRIBUTE_READONLY) != 0;
     const mode_t wanted = readOnly ? mode & ~0222U : (mode & 0222) == 0 ? mode | 0200 : mode;
     if (wanted != mode && chmod(path->c_str(), wanted) != 0)
     {

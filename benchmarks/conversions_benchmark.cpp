@@ -8,6 +8,7 @@
 #include <clocale>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <string>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -82,22 +83,48 @@ void addConversions()
             return out[0];
         });
 
-    // Names of components that do not exist: the text is converted, the kernel answers at once.
-    const auto growName = [](const std::string& name, const std::wstring& pattern)
+    // Conversion into scratch of a fixed size, which takes 4095 bytes, and into scratch of the text's size.
+    const auto growName = [](const std::string& name, auto function)
     {
         addGrowth(name, "characters", 40,
-                  [=](long length)
-                  {
-                      std::wstring text;
-                      while (text.size() < static_cast<std::size_t>(length))
-                      {
-                          text += pattern;
-                      }
-                      return [=] { return _waccess(text.c_str(), R_OK); };
-                  });
+                  [=](long length) { return [=, text = absentName(length)] { return function(text.c_str()); }; });
     };
-    growName("_waccess", L"/nowhere");
-    growName("_waccess, Greek name", L"/οὐδαμοῦ");
+    using Name = const wchar_t*;
+    growName("_wfopen", [](Name name) { return _wfopen(name, L"r"); });
+    growName("_wfindfirst", [](Name name) { return _wfindfirst(name, nullptr); });
+    growName("_wrename", [](Name name) { return _wrename(name, name); });
+    growName("_wremove", [](Name name) { return _wremove(name); });
+    growName("_wstat",
+             [](Name name)
+             {
+                 struct stat status;
+                 return _wstat(name, &status);
+             });
+    growName("_wsetlocale", [](Name name) { return _wsetlocale(LC_NUMERIC, name); });
+    growName("_waccess", [](Name name) { return _waccess(name, R_OK); });
+    addGrowth("_waccess, Greek name", "characters", 40,
+              [](long length) { return [text = L"/" + greekText(length)] { return _waccess(text.c_str(), R_OK); }; });
+    addGrowth("_wfullpath", "characters", 10,
+              [](long length)
+              {
+                  return [text = wide(std::string(static_cast<std::size_t>(length), '/')),
+                          out = std::array<wchar_t, 64>()]() mutable
+                  { return _wfullpath(out.data(), text.c_str(), out.size()); };
+              });
+    addGrowth("_wputenv", "characters", 40,
+              [](long length)
+              {
+                  constexpr const char* variable = "KEST_BENCHMARK";
+                  return [text = wide(variable) + L"=" + wideText(length)]
+                  {
+                      const int result = _wputenv(text.c_str());
+                      // The environment keeps a copy of every text that is put there.
+                      char* const copy = std::getenv(variable) - std::strlen(variable) - 1;
+                      unsetenv(variable);
+                      std::free(copy);
+                      return result;
+                  };
+              });
     addGrowth("_wgetenv", "bytes", 1000,
               [](long length)
               {

@@ -1,11 +1,14 @@
 // Directory functions beside the same system calls made bare.
 #include "families.h"
+#include "kest/crt/file_wrappers.h"
 #include "kest/kernel/directories.h"
+#include "kest/kernel/environment.h"
 #include "kest/kernel/search_path.h"
 #include "kest/shell_paths.h"
 #include "pairs.h"
 #include "surroundings.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <cstdlib>
@@ -15,6 +18,7 @@
 #include <string>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <vector>
 
 namespace kest::benchmarks
 {
@@ -78,6 +82,20 @@ void fill(const std::string& folder, long count)
     {
         close(open((folder + "/file-" + std::to_string(file)).c_str(), O_CREAT | O_WRONLY, 0644));
     }
+}
+
+// A folder below the scratch folder, its own name so long.
+std::string folderWithName(long length)
+{
+    constexpr std::size_t longestComponent = 200;
+    std::string name;
+    while (name.size() < static_cast<std::size_t>(length))
+    {
+        name += std::string(std::min(static_cast<std::size_t>(length) - name.size(), longestComponent), 'd') + "/";
+    }
+    const std::filesystem::path folder = scratch().path() / name;
+    std::filesystem::create_directories(folder);
+    return folder.string();
 }
 
 bool searchFolder(const char* folder, const char* name)
@@ -190,6 +208,60 @@ void addDirectories()
                   };
               },
               {[] {}, [] {}, 1});
+    // Nearly as deep as a path can lead.
+    addGrowth("CreateDirectoryW, DeleteDirectory of nested folders", "folders", 10,
+              [](long count)
+              {
+                  const std::string outermost = (scratch().path() / ("nested-" + std::to_string(count))).string();
+                  std::string innermost = outermost;
+                  for (long depth = 1; depth < count; ++depth)
+                  {
+                      innermost += "/d";
+                  }
+                  return [=, name = wide(innermost)]
+                  { return CreateDirectoryW(name.c_str(), nullptr) + DeleteDirectory(outermost.c_str()); };
+              },
+              {[] {}, [] {}, 1});
+    addGrowth("RemoveDirectoryW, missing", "characters", 40,
+              [](long length) { return [name = absentName(length)] { return RemoveDirectoryW(name.c_str()); }; });
+    addGrowth("PathIsDirectoryW, missing", "characters", 40,
+              [](long length) { return [name = absentName(length)] { return PathIsDirectoryW(name.c_str()); }; });
+    addGrowth("SetCurrentDirectoryW, GetCurrentDirectoryW", "characters", 10,
+              [](long length)
+              {
+                  const std::string folder = folderWithName(length);
+                  return [name = wide(folder), out = std::array<wchar_t, 4096>()]() mutable
+                  { return SetCurrentDirectoryW(name.c_str()) + GetCurrentDirectoryW(4096, out.data()); };
+              },
+              {[] {}, [] { std::filesystem::current_path(scratch().path()); }});
+    addGrowth("SetCurrentDirectoryW, _wgetcwd without buffer", "characters", 10,
+              [](long length)
+              {
+                  const std::string folder = folderWithName(length);
+                  return [name = wide(folder)]
+                  {
+                      SetCurrentDirectoryW(name.c_str());
+                      std::free(_wgetcwd(nullptr, 0));
+                  };
+              },
+              {[] {}, [] { std::filesystem::current_path(scratch().path()); }});
+    addGrowth("getEnvPATH", "entries", 10,
+              [](long entries)
+              {
+                  std::string value = "/";
+                  for (long entry = 1; entry < entries; ++entry)
+                  {
+                      value += ":/d";
+                  }
+                  return [=, before = std::string(std::getenv("PATH")),
+                          directories = std::vector<CStdStr<wchar_t>>()]() mutable
+                  {
+                      setenv("PATH", value.c_str(), 1);
+                      const bool result = getEnvPATH(directories);
+                      setenv("PATH", before.c_str(), 1);
+                      return result;
+                  };
+              });
     addGrowth("SearchPathW", "files in the folder", 100,
               [](long count)
               {

@@ -3,6 +3,7 @@
 #include "kest/kernel/environment.h"
 #include "kest/kernel/memory.h"
 #include "kest/kernel/time.h"
+#include "kest/shell_paths.h"
 #include "pairs.h"
 #include "surroundings.h"
 
@@ -80,6 +81,43 @@ void addEnvironment()
             benchmark::DoNotOptimize(memory);
             std::free(memory);
         });
+    // Through a shell, which takes what a converted text can have: 4095 bytes.
+    addGrowth("GetEnvironmentVariableW", "bytes", 40,
+              [](long length)
+              {
+                  const std::string variable = "KEST_BENCHMARK_OF_" + std::to_string(length);
+                  setenv(variable.c_str(), narrowText(length).c_str(), 1);
+                  return [name = wide(variable), out = std::array<wchar_t, 4096>()]() mutable
+                  { return GetEnvironmentVariableW(name.c_str(), out.data(), 4096); };
+              });
+    addGrowth("SetEnvironmentVariableW", "characters", 40,
+              [](long length)
+              { return [value = wideText(length)] { return SetEnvironmentVariableW(L"NAME", value.c_str()); }; });
+    addGrowth("CreateProcessW", "characters", 40,
+              [](long length)
+              {
+                  return [arguments = wideText(length)] {
+                      return CreateProcessW(L":", arguments.c_str(), nullptr, nullptr, 0, 0, nullptr, nullptr, nullptr,
+                                            nullptr);
+                  };
+              });
+    addGrowth("ShellExecuteW", "characters", 40,
+              [](long length)
+              {
+                  return [arguments = wideText(length)]
+                  { return ShellExecuteW(nullptr, L":", L"file", arguments.c_str(), nullptr, 0); };
+              });
+    addGrowth("HeapAlloc, HeapFree", "bytes", 1000,
+              [](long bytes) {
+                  return [size = static_cast<SIZE_T>(bytes)]
+                  { return HeapFree(nullptr, 0, HeapAlloc(nullptr, 0, size)); };
+              });
+    addGrowth("GlobalAlloc, GlobalReAlloc to twice, GlobalFree", "bytes", 500,
+              [](long bytes)
+              {
+                  return [size = static_cast<SIZE_T>(bytes)]
+                  { return GlobalFree(GlobalReAlloc(GlobalAlloc(0, size), 2 * size, GMEM_MOVEABLE)); };
+              });
     addGrowth("ExpandEnvironmentStringsW", "characters", 1000,
               [](long length)
               {

@@ -158,6 +158,10 @@ void addFiles()
                   const std::wstring source = wide(fileOfSize(bytes));
                   return [=, copy = source + L"-copy"] { return CopyFileW(source.c_str(), copy.c_str(), 0); };
               });
+    addGrowth("CreateFileW, missing", "characters", 40,
+              [](long length) { return [name = absentName(length)] { return openExisting(name); }; });
+    addGrowth("DeleteFileW, missing", "characters", 40,
+              [](long length) { return [name = absentName(length)] { return DeleteFileW(name.c_str()); }; });
     const auto growTransfer = [](const std::string& name, auto transfer)
     {
         addGrowth(name, "bytes", 16 * kibibyte,
@@ -174,17 +178,61 @@ void addFiles()
     };
     growTransfer("ReadFile", ReadFile);
     growTransfer("WriteFile", WriteFile);
+    // Components of one character, as many as a path can have.
+    const auto dots = [](long length)
+    {
+        std::string name;
+        while (name.size() < static_cast<std::size_t>(length))
+        {
+            name += "./";
+        }
+        return name;
+    };
     addGrowth("GetFullPathNameW", "characters", 10,
+              [=](long length)
+              {
+                  return [name = wide(dots(length)), out = std::array<wchar_t, PATH_MAX>()]() mutable
+                  { return GetFullPathNameW(name.c_str(), PATH_MAX, out.data(), nullptr); };
+              });
+    addGrowth("GetFullPathNameA", "bytes", 10,
+              [=](long length)
+              {
+                  return [name = dots(length), out = std::array<char, PATH_MAX>()]() mutable
+                  { return GetFullPathNameA(name.c_str(), PATH_MAX, out.data(), nullptr); };
+              });
+    // The name is longer than what it resolves to, and kept; the file part is then looked for in it.
+    addGrowth("GetFullPathNameW, of a missing file", "characters", 40,
               [](long length)
               {
-                  // Components of one character, as many as a path can have.
-                  std::wstring name;
-                  while (name.size() < static_cast<std::size_t>(length))
+                  return [name = absentName(length), out = std::array<wchar_t, PATH_MAX>()]() mutable
                   {
-                      name += L"./";
-                  }
-                  return [=, out = std::array<wchar_t, PATH_MAX>()]() mutable
-                  { return GetFullPathNameW(name.c_str(), PATH_MAX, out.data(), nullptr); };
+                      wchar_t* part = nullptr;
+                      GetFullPathNameW(name.c_str(), PATH_MAX, out.data(), &part);
+                      return part;
+                  };
+              });
+    addGrowth("GetFullPathNameA, of a missing file", "bytes", 40,
+              [](long length)
+              {
+                  const std::wstring name = absentName(length);
+                  return [name = std::string(name.begin(), name.end()), out = std::array<char, PATH_MAX>()]() mutable
+                  {
+                      char* part = nullptr;
+                      GetFullPathNameA(name.c_str(), PATH_MAX, out.data(), &part);
+                      return part;
+                  };
+              });
+    addGrowth("GetTempFileNameW", "characters", 40,
+              [](long length)
+              {
+                  return [folder = absentName(length), out = std::array<wchar_t, 2 * PATH_MAX>()]() mutable
+                  { return GetTempFileNameW(folder.c_str(), L"pre", 1, out.data()); };
+              });
+    addGrowth("GetTempFileNameA", "bytes", 40,
+              [](long length)
+              {
+                  return [folder = narrowText(length), out = std::array<char, 2 * PATH_MAX>()]() mutable
+                  { return GetTempFileNameA(folder.c_str(), "pre", 1, out.data()); };
               });
 }
 

@@ -88,6 +88,45 @@ void addFormats()
     growText("wsprintfW", 40);
     // Nearly the longest text that can be formatted.
     growText("wsprintfW, beyond its first scratch", 5200);
+    addGrowth("_tarswprintf", "characters", 40,
+              [](long length)
+              {
+                  return [text = wideText(length), out = wideText(length + 1)]() mutable
+                  { return _tarswprintf(out.data(), out.size(), L"%s", text.c_str()); };
+              });
+    addGrowth("_tarfwprintf", "characters", 1000,
+              [](long length)
+              {
+                  const std::shared_ptr<std::FILE> stream(std::fopen("/dev/null", "w"), std::fclose);
+                  return [=, text = wideText(length)] { return _tarfwprintf(stream.get(), L"%s", text.c_str()); };
+              });
+    addGrowth("vswprintf_s, cut to half", "characters", 40,
+              [](long length)
+              {
+                  return [text = wideText(length), out = wideText(length / 2 + 1)]() mutable
+                  {
+                      return withArguments([&](va_list arguments)
+                                           { return vswprintf_s(out.data(), out.size() - 1, L"%s", arguments); },
+                                           text.c_str());
+                  };
+              });
+    addGrowth("vsprintf_s", "bytes", 40,
+              [](long length)
+              {
+                  return [text = narrowText(length), out = narrowText(length + 1)]() mutable
+                  {
+                      return withArguments([&](va_list arguments)
+                                           { return vsprintf_s(out.data(), out.size(), "%s", arguments); },
+                                           text.c_str());
+                  };
+              });
+    addGrowth("_vscprintf", "bytes", 1000,
+              [](long length)
+              {
+                  return [text = narrowText(length)] {
+                      return withArguments([](va_list arguments) { return _vscprintf("%s", arguments); }, text.c_str());
+                  };
+              });
     addGrowth("_vscwprintf", "characters", 40,
               [](long length)
               {

@@ -9,6 +9,8 @@
 #include <cstdlib>
 #include <cwchar>
 #include <dlfcn.h>
+#include <map>
+#include <memory>
 #include <string>
 #include <unistd.h>
 
@@ -78,6 +80,33 @@ void addModules()
               { return [text = wideText(length)] { return ToPlatformModuleName(text.c_str()).size(); }; });
     addGrowth("GetModuleHandleW", "characters", 100,
               [](long length) { return [text = wideText(length)] { return GetModuleHandleW(text.c_str()); }; });
+    addGrowth("LoadLibraryW, missing", "characters", 40,
+              [](long length) { return [text = wideText(length)] { return LoadLibraryW(text.c_str()); }; });
+    // Names can have 511 bytes.
+    addGrowth("LoadLibraryA, missing", "bytes", 5,
+              [](long length) { return [text = narrowText(length)] { return LoadLibraryA(text.c_str()); }; });
+    addGrowth("LoadLibraryW, FreeLibrary", "loaded modules", 10,
+              [](long count)
+              {
+                  auto table = std::make_shared<std::map<std::string, ModuleInfo>>();
+                  for (long number = 0; number < count; ++number)
+                  {
+                      table->emplace("a-module-" + std::to_string(number), ModuleInfo{1, nullptr});
+                  }
+                  return [table]
+                  {
+                      g_loadedModuleMap.swap(*table);
+                      const BOOL result = FreeLibrary(LoadLibraryW(present));
+                      g_loadedModuleMap.swap(*table);
+                      return result;
+                  };
+              });
+    addGrowth("GetProcAddress, missing", "bytes", 100,
+              [=](long length)
+              { return [=, text = narrowText(length)] { return GetProcAddress(module, text.c_str()); }; });
+    addGrowth("SetDllDirectoryW", "characters", 100,
+              [](long length) { return [text = wideText(length)] { return SetDllDirectoryW(text.c_str()); }; },
+              {[] {}, [] { SetDllDirectoryW(L""); }});
     addGrowth("GetLongPathNameW", "characters", 100,
               [](long length)
               {

@@ -55,10 +55,19 @@ void addNumbers()
         "numbers/_wtof", target, "wcstod", [] { return _wtof(L"-1234.5678e3"); },
         [] { return std::wcstod(L"-1234.5678e3", nullptr); });
 
-    addGrowth("_wtoi", "digits", 1000,
-              [](long length) {
-                  return [text = std::wstring(static_cast<std::size_t>(length), L'0')] { return _wtoi(text.c_str()); };
-              });
+    const auto growDigits = [](const std::string& name, const std::wstring& start, auto function)
+    {
+        addGrowth(name, "digits", 1000,
+                  [=](long length)
+                  {
+                      return [=, text = start + std::wstring(static_cast<std::size_t>(length), L'7')]
+                      { return function(text.c_str()); };
+                  });
+    };
+    growDigits("_wtoi", L"", _wtoi);
+    growDigits("_wtol", L"", _wtol);
+    growDigits("_wtoi64", L"", _wtoi64);
+    growDigits("_wtof", L"0.", _wtof);
 }
 
 } // namespace kest::benchmarks

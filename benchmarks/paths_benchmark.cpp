@@ -1,6 +1,7 @@
 // Functions on the text of paths beside the C library's text functions.
 #include "families.h"
 #include "kest/crt/path_splitting.h"
+#include "kest/kernel/files.h"
 #include "kest/shell_paths.h"
 #include "pairs.h"
 #include "surroundings.h"
@@ -119,6 +120,25 @@ void addPaths()
                                            out.name.data(), 1024, out.extension.data(), 1024);
                   };
               });
+    addGrowth("_wsplitpath_s, the folder cut to half", "characters", 10,
+              [](long length)
+              {
+                  return [text = longPath(length), half = static_cast<std::size_t>(length) / 2 + 1,
+                          out = Pieces<wchar_t>()]() mutable
+                  {
+                      return _wsplitpath_s(text.c_str(), out.drive.data(), 1024, out.folder.data(), half,
+                                           out.name.data(), 1024, out.extension.data(), 1024);
+                  };
+              });
+    addGrowth("_splitpath", "bytes", 10,
+              [](long length)
+              {
+                  const std::wstring text = longPath(length);
+                  return [bytes = std::string(text.begin(), text.end()), out = Pieces<char>()]() mutable {
+                      _splitpath(bytes.c_str(), out.drive.data(), out.folder.data(), out.name.data(),
+                                 out.extension.data());
+                  };
+              });
     const auto growPath = [](const std::string& name, auto function)
     {
         addGrowth(name, "characters", 100,
@@ -163,8 +183,22 @@ void addPaths()
                  std::wcscpy(out, text);
                  return PathFindFileNameW(out);
              });
+    growPath("GetShortPathNameW",
+             [](Out out, In text) { return GetShortPathNameW(text, out, static_cast<DWORD>(std::wcslen(text)) + 1); });
     addGrowth("PathMatchSpecW", "characters", 40,
               [](long length) { return [text = longPath(length)] { return PathMatchSpecW(text.c_str(), L"*.DLL"); }; });
+    // A pattern can have 254 bytes.
+    addGrowth("PathMatchSpecW, of a pattern", "asterisks", 1,
+              [](long asterisks)
+              {
+                  std::wstring pattern;
+                  for (long count = 0; count < asterisks; ++count)
+                  {
+                      pattern += L"*e";
+                  }
+                  return [text = wideText(1000), pattern = pattern + L"#"]
+                  { return PathMatchSpecW(text.c_str(), pattern.c_str()); };
+              });
 }
 
 } // namespace kest::benchmarks

@@ -1,9 +1,11 @@
 // String functions beside the C library's.
 #include "families.h"
 #include "kest/crt/strings.h"
+#include "kest/kernel/locale.h"
 #include "kest/kernel/strings.h"
 #include "kest/shell_paths.h"
 #include "kest/user_interface/strings.h"
+#include "kest/user_interface/text_shaping.h"
 #include "pairs.h"
 #include "surroundings.h"
 
@@ -13,6 +15,7 @@
 #include <cwctype>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace kest::benchmarks
 {
@@ -115,6 +118,145 @@ void addPairsOfLength(long length)
         [=, other = bytes] { return std::strcmp(bytes.c_str(), other.c_str()); });
 }
 
+// `function` gets a buffer, a text of the same length and the size of either.
+template <class Function>
+void growText(const std::string& name, Function function)
+{
+    addGrowth(name, "characters", growthLength,
+              [=](long length)
+              {
+                  return [=, text = wideText(length), out = wideText(length)]() mutable
+                  { return function(out.data(), text.c_str(), static_cast<int>(text.size()) + 1); };
+              });
+}
+
+template <class Function>
+void growBytes(const std::string& name, long size, Function function)
+{
+    addGrowth(name, "bytes", size,
+              [=](long length)
+              {
+                  return [=, text = narrowText(length), out = narrowText(length)]() mutable
+                  { return function(out.data(), text.c_str(), static_cast<int>(text.size()) + 1); };
+              });
+}
+
+const unsigned char* multibyte(const char* text)
+{
+    return reinterpret_cast<const unsigned char*>(text);
+}
+
+void growWideTexts()
+{
+    using Out = wchar_t*;
+    using In = const wchar_t*;
+    growText("lstrlenW", [](Out, In text, int) { return lstrlenW(text); });
+    growText("lstrcmpiW", [](Out out, In text, int) { return lstrcmpiW(out, text); });
+    growText("CompareStringW", [](Out out, In text, int size) { return CompareStringW(0, 0, out, size, text, size); });
+    growText("CompareStringW, ignoring case",
+             [](Out out, In text, int size) { return CompareStringW(0, NORM_IGNORECASE, out, size, text, size); });
+    growText("_wcsicoll", [](Out out, In text, int) { return _wcsicoll(out, text); });
+    growText("wcscpy_s", [](Out out, In text, int size) { return wcscpy_s(out, size, text); });
+    growText("wcscpy_s, refused", [](Out out, In text, int size) { return wcscpy_s(out, size - 1, text); });
+    growText("wcsncpy_s",
+             [](Out out, In text, int size) { return wcsncpy_s(out, size, text, static_cast<unsigned long>(size)); });
+    growText("wcsncat_s",
+             [](Out out, In text, int size)
+             {
+                 *out = L'\0';
+                 return wcsncat_s(out, size, text, size);
+             });
+    growText("lstrcpyW", [](Out out, In text, int) { return lstrcpyW(out, text); });
+    growText("lstrcatW",
+             [](Out out, In text, int)
+             {
+                 *out = L'\0';
+                 return lstrcatW(out, text);
+             });
+    growText("lstrcpynW", [](Out out, In text, int size) { return lstrcpynW(out, text, size); });
+    growText("wmemcpy_s", [](Out out, In text, int size)
+             { return wmemcpy_s(out, static_cast<size_t>(size), text, static_cast<size_t>(size)); });
+    growText("_wcslwr", [](Out out, In, int) { return _wcslwr(out); });
+    growText("_wcsupr_s", [](Out out, In, int size) { return _wcsupr_s(out, static_cast<size_t>(size)); });
+    growText("CharUpperW", [](Out out, In, int) { return CharUpperW(out); });
+    growText("_wcsrev", [](Out out, In, int) { return _wcsrev(out); });
+    growText("StrStrIW", [](Out, In text, int) { return StrStrIW(text, L"nowhere"); });
+    addGrowth("StrStrIW, a part half as long that nearly occurs everywhere", "characters", growthLength,
+              [](long length)
+              {
+                  const auto half = static_cast<std::size_t>(length / 2);
+                  return [text = std::wstring(2 * half, L'a'), part = std::wstring(half, L'a') + L'b']
+                  { return StrStrIW(text.c_str(), part.c_str()); };
+              });
+    growText("StrCmpI", [](Out, In text, int) { return StrCmpI(text, text); });
+    growText("_wcscspn", [](Out, In text, int) { return _wcscspn(text, L"#?"); });
+    growText("_wcstok, all tokens",
+             [](Out out, In text, int)
+             {
+                 std::wcscpy(out, text);
+                 long tokens = 0;
+                 for (wchar_t* token = _wcstok(out, L" "); token != nullptr; token = _wcstok(nullptr, L" "))
+                 {
+                     ++tokens;
+                 }
+                 return tokens;
+             });
+    // Up to a Mi character.
+    addGrowth("_wcsupr", "characters", (1 << 20) / 100,
+              [](long length) { return [out = wideText(length)]() mutable { return _wcsupr(out.data()); }; });
+    addGrowth("GetStringTypeExW", "characters", growthLength,
+              [](long length)
+              {
+                  return
+                      [text = wideText(length), types = std::vector<WORD>(static_cast<std::size_t>(length))]() mutable
+                  { return GetStringTypeExW(0, CT_CTYPE1, text.c_str(), static_cast<int>(text.size()), types.data()); };
+              });
+    addGrowth("ScriptLayout", "runs", growthLength,
+              [](long runs)
+              {
+                  const std::vector<int> places(static_cast<std::size_t>(runs));
+                  return [runs = static_cast<int>(runs), visual = places, logical = places]() mutable
+                  { return ScriptLayout(runs, nullptr, visual.data(), logical.data()); };
+              });
+}
+
+void growNarrowTexts()
+{
+    using Out = char*;
+    using In = const char*;
+    growBytes("lstrlenA", growthLength, [](Out, In text, int) { return lstrlenA(text); });
+    growBytes("lstrcpyA", growthLength, [](Out out, In text, int) { return lstrcpyA(out, text); });
+    growBytes("lstrcatA", growthLength,
+              [](Out out, In text, int)
+              {
+                  *out = '\0';
+                  return lstrcatA(out, text);
+              });
+    growBytes("lstrcpynA", growthLength, [](Out out, In text, int size) { return lstrcpynA(out, text, size); });
+    growBytes("strcpy_s", growthLength, [](Out out, In text, int size) { return strcpy_s(out, size, text); });
+    growBytes("strncpy_s", growthLength, [](Out out, In text, int size) { return strncpy_s(out, size, text, 1); });
+    growBytes("memcpy_s", growthLength,
+              [](Out out, In text, int size)
+              { return memcpy_s(out, static_cast<size_t>(size), text, static_cast<size_t>(size)); });
+    // Both texts can have 1023 bytes.
+    growBytes("wcsncat of narrow texts", 10,
+              [](Out out, In text, int size) { return wcsncat(out, text, static_cast<unsigned long>(size)); });
+    growBytes("_strupr", growthLength, [](Out out, In, int) { return _strupr(out); });
+    growBytes("_strupr_s", growthLength, [](Out out, In, int size) { return _strupr_s(out, size); });
+    growBytes("_mbslen", growthLength, [](Out, In text, int) { return _mbslen(multibyte(text)); });
+    growBytes("_mbscmp", growthLength, [](Out out, In text, int) { return _mbscmp(multibyte(out), multibyte(text)); });
+    growBytes("_mbsicmp", growthLength,
+              [](Out out, In text, int) { return _mbsicmp(multibyte(out), multibyte(text)); });
+    growBytes("_mbsnicmp", growthLength,
+              [](Out out, In text, int size)
+              { return _mbsnicmp(multibyte(out), multibyte(text), static_cast<size_t>(size)); });
+    growBytes("_mbsncoll", growthLength,
+              [](Out out, In text, int size)
+              { return _mbsncoll(multibyte(out), multibyte(text), static_cast<size_t>(size)); });
+    growBytes("_mbsstr", growthLength,
+              [](Out, In text, int) { return _mbsstr(multibyte(text), multibyte("nowhere")); });
+}
+
 } // namespace
 
 void addStrings()
@@ -133,64 +275,8 @@ void addStrings()
         [=] { return lstrcmpiW(greek.c_str(), loweredGreek.c_str()); },
         [=] { return wcscasecmp(greek.c_str(), loweredGreek.c_str()); });
 
-    const auto growText = [](const std::string& name, auto function)
-    {
-        addGrowth(name, "characters", growthLength,
-                  [=](long length)
-                  {
-                      return [=, text = wideText(length), out = wideText(length)]() mutable
-                      { return function(out.data(), text.c_str(), static_cast<int>(text.size()) + 1); };
-                  });
-    };
-    using Out = wchar_t*;
-    using In = const wchar_t*;
-    growText("lstrlenW", [](Out, In text, int) { return lstrlenW(text); });
-    growText("lstrcmpiW", [](Out out, In text, int) { return lstrcmpiW(out, text); });
-    growText("wcscpy_s", [](Out out, In text, int size) { return wcscpy_s(out, size, text); });
-    growText("wcsncpy_s",
-             [](Out out, In text, int size) { return wcsncpy_s(out, size, text, static_cast<unsigned long>(size)); });
-    growText("wcsncat_s",
-             [](Out out, In text, int size)
-             {
-                 *out = L'\0';
-                 return wcsncat_s(out, size, text, size);
-             });
-    growText("lstrcatW",
-             [](Out out, In text, int)
-             {
-                 *out = L'\0';
-                 return lstrcatW(out, text);
-             });
-    growText("lstrcpynW", [](Out out, In text, int size) { return lstrcpynW(out, text, size); });
-    growText("wmemcpy_s", [](Out out, In text, int size)
-             { return wmemcpy_s(out, static_cast<size_t>(size), text, static_cast<size_t>(size)); });
-    growText("_wcslwr", [](Out out, In, int) { return _wcslwr(out); });
-    growText("CharUpperW", [](Out out, In, int) { return CharUpperW(out); });
-    growText("_wcsrev", [](Out out, In, int) { return _wcsrev(out); });
-    growText("StrStrIW", [](Out, In text, int) { return StrStrIW(text, L"nowhere"); });
-    growText("StrCmpI", [](Out, In text, int) { return StrCmpI(text, text); });
-    growText("_wcscspn", [](Out, In text, int) { return _wcscspn(text, L"#?"); });
-    growText("_wcstok, all tokens",
-             [](Out out, In text, int)
-             {
-                 std::wcscpy(out, text);
-                 long tokens = 0;
-                 for (wchar_t* token = _wcstok(out, L" "); token != nullptr; token = _wcstok(nullptr, L" "))
-                 {
-                     ++tokens;
-                 }
-                 return tokens;
-             });
-    // Up to a Mi character.
-    addGrowth("_wcsupr", "characters", (1 << 20) / 100,
-              [](long length) { return [out = wideText(length)]() mutable { return _wcsupr(out.data()); }; });
-    addGrowth("_strupr", "bytes", growthLength,
-              [](long length) { return [out = narrowText(length)]() mutable { return _strupr(out.data()); }; });
-    addGrowth("_mbslen", "bytes", growthLength,
-              [](long length) {
-                  return [text = narrowText(length)]
-                  { return _mbslen(reinterpret_cast<const unsigned char*>(text.c_str())); };
-              });
+    growWideTexts();
+    growNarrowTexts();
 }
 
 } // namespace kest::benchmarks

@@ -102,4 +102,9 @@ std::wstring greekText(long length)
     return repeated(std::wstring(L"Ὁ δὲ Κῦρος ἀκούσας ταῦτα Ἐπορεύετο διὰ τῆς Χώρας. "), length);
 }
 
+std::wstring absentName(long length)
+{
+    return repeated(std::wstring(L"/nowhere"), length);
+}
+
 } // namespace kest::benchmarks

@@ -28,5 +28,7 @@ std::wstring wideText(long length);
 std::string narrowText(long length);
 // The same outside ASCII.
 std::wstring greekText(long length);
+// An absolute path of components that do not exist: the kernel answers at once.
+std::wstring absentName(long length);
 
 } // namespace kest::benchmarks

@@ -99,7 +99,8 @@ def write_growth(page, cases, notes):
     page.write("\n## Growth\n\n"
                "Time at 1, 10 and 100 times an input, and the factor of each step: 10 is linear, less is better than\n"
                "linear or a fixed cost; more, up to some 20 in one step and 10 in the other, is memory that the nearest of the\n"
-               "processor's caches no longer hold. A quadratic cost would show as 100.\n\n"
+               "processor's caches no longer hold. A quadratic cost would show as 100. Functions that share their code (both\n"
+               "ways of folding bytes, say) have one row. Names that do not exist show what the text costs, not the file.\n\n"
                "| function | smallest input | 1× | 10× | 100× | first step | second step |\n"
                "|---|---|---|---|---|---|---|\n")
     for name, runs in cases.items():

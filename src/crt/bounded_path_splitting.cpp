@@ -108,6 +108,11 @@ public:
             length_ += 1 + componentLength;
             return;
         }
+        // A full directory stays as it is.
+        if (length_ + 1 >= bound_)
+        {
+            return;
+        }
         std::array<CharT, pathSize> soFar;
         copy(soFar.data(), text_.data(), length_);
         // A wide print that does not fit leaves no terminator.

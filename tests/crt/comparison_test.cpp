@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <cwchar>
 #include <gtest/gtest.h>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -194,6 +195,45 @@ TEST(Search, FindsTheFirstOccurrence)
     EXPECT_EQ(StrStrIW(string, L"abe"), nullptr);
     EXPECT_EQ(StrStrIW(string, L"AB"), nullptr);
     EXPECT_EQ(StrStrIW(L"", L"a"), nullptr);
+}
+
+TEST(Search, FindsTheFirstOccurrenceOfALongPart)
+{
+    const std::wstring unit = L"0123456789abcdefghijklmnopqrstuvwxyz";
+    const std::wstring string = L"0123-" + unit + unit + L"!" + unit;
+    EXPECT_EQ(StrStrIW(string.c_str(), unit.c_str()), string.c_str() + 5);
+    EXPECT_EQ(StrStrIW(string.c_str(), (unit + L"!").c_str()), string.c_str() + 5 + unit.size());
+    EXPECT_EQ(StrStrIW(string.c_str(), string.c_str()), string.c_str());
+    EXPECT_EQ(StrStrIW(string.c_str(), (unit + L"?").c_str()), nullptr);
+    EXPECT_EQ(StrStrIW(string.c_str(), (string + L"0").c_str()), nullptr);
+    EXPECT_EQ(StrStrIW(L"", unit.c_str()), nullptr);
+}
+
+// Two letters make every kind of part that overlaps itself.
+TEST(Search, FindsLongPartsThatRepeatThemselves)
+{
+    std::minstd_rand random(1);
+    const auto letters = [&random](std::size_t length, std::size_t period)
+    {
+        std::wstring text;
+        for (std::size_t index = 0; index < length; ++index)
+        {
+            text += index < period ? static_cast<wchar_t>(L'a' + static_cast<int>(random() >> 8 & 1))
+                                   : text[index - period];
+        }
+        return text;
+    };
+    for (std::size_t round = 0; round < 2000; ++round)
+    {
+        const std::wstring part = letters(28 + round % 12, 1 + round % 9);
+        const std::wstring string =
+            letters(round % 7, 7) + part.substr(0, round % part.size()) + part.substr(round % 5) + part;
+        EXPECT_EQ(StrStrIW(string.c_str(), part.c_str()), string.c_str() + string.find(part)) << round;
+        const std::wstring cut = string.substr(0, string.size() - 1);
+        const std::size_t place = cut.find(part);
+        EXPECT_EQ(StrStrIW(cut.c_str(), part.c_str()), place == std::wstring::npos ? nullptr : cut.c_str() + place)
+            << round;
+    }
 }
 
 TEST(StrStrIW, SearchesCaseSensitively)

@@ -252,6 +252,24 @@ public:
     std::wstring ExpandEnvironmentStringsW(const std::wstring& text) override { return text + text; }
 };
 
+TEST_F(CrtAllocations, FindLongPartsAllTheSame)
+{
+    const std::wstring part(100, L'a');
+    const std::wstring string = std::wstring(99, L'a') + L"b" + part;
+    expectEveryFailureHandled(AllocatingCall{.name = "StrStrIW",
+                                             .call =
+                                                 [&]
+                                             {
+                                                 errno = EDOM;
+                                                 const long place =
+                                                     StrStrIW(string.c_str(), part.c_str()) - string.c_str();
+                                                 EXPECT_EQ(errno, EDOM);
+                                                 return place;
+                                             },
+                                             .success = 100,
+                                             .failure = 100});
+}
+
 TEST_F(CrtAllocations, LeaveTheEnvironmentAlone)
 {
     const ScopedVariable variable("KEST_TEST_VARIABLE", "a value that is long enough for a block of its own");

@@ -24,7 +24,7 @@ struct Fault
     long first = never;
     long seen = 0;
 };
-constinit std::array<Fault, 6> faults = {};
+constinit std::array<Fault, 9> faults = {};
 constinit bool reluctant = false;
 constinit bool interruptedLast = false;
 
@@ -70,6 +70,10 @@ extern "C"
     __attribute__((visibility("default"))) ssize_t faultySendFile(int out, int in, off_t* place,
                                                                   std::size_t size) __asm__("sendfile");
     __attribute__((visibility("default"))) int faultyRename(const char* from, const char* to) __asm__("rename");
+    __attribute__((visibility("default"))) int faultyMove(int fromFolder, const char* from, int toFolder,
+                                                          const char* to, unsigned flags) __asm__("renameat2");
+    __attribute__((visibility("default"))) int faultyMakeDirectory(const char* path, mode_t mode) __asm__("mkdir");
+    __attribute__((visibility("default"))) int faultyCreate(const char* path, mode_t mode) __asm__("creat");
     __attribute__((visibility("default"))) int faultySync(int file) __asm__("fsync");
     __attribute__((visibility("default"))) int faultyDataSync(int file) __asm__("fdatasync");
 }
@@ -98,6 +102,25 @@ ssize_t faultySendFile(int out, int in, off_t* place, std::size_t size)
 int faultyRename(const char* from, const char* to)
 {
     return fails(SystemCall::rename) ? -1 : static_cast<int>(syscall(SYS_renameat2, AT_FDCWD, from, AT_FDCWD, to, 0));
+}
+
+int faultyMove(int fromFolder, const char* from, int toFolder, const char* to, unsigned flags)
+{
+    return fails(SystemCall::moveWithoutReplacing)
+               ? -1
+               : static_cast<int>(syscall(SYS_renameat2, fromFolder, from, toFolder, to, flags));
+}
+
+int faultyMakeDirectory(const char* path, mode_t mode)
+{
+    return fails(SystemCall::makeDirectory) ? -1 : static_cast<int>(syscall(SYS_mkdirat, AT_FDCWD, path, mode));
+}
+
+int faultyCreate(const char* path, mode_t mode)
+{
+    return fails(SystemCall::create)
+               ? -1
+               : static_cast<int>(syscall(SYS_openat, AT_FDCWD, path, O_CREAT | O_WRONLY | O_TRUNC, mode));
 }
 
 // Nothing here must outlast the machine, and hundreds of openings of a database would each wait for the disk.

@@ -12,6 +12,9 @@ enum class SystemCall
     copyFileRange,
     sendFile,
     rename,
+    moveWithoutReplacing,
+    makeDirectory,
+    create,
     sync
 };
 

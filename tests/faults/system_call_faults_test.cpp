@@ -7,7 +7,10 @@
 #include "harness/scratch_folder.h"
 #include "harness/sentinel_buffer.h"
 #include "harness/stub_services.h"
+#include "kest/companions/crt.h"
+#include "kest/companions/kernel.h"
 #include "kest/crt/file_wrappers.h"
+#include "kest/crt/formatted_output.h"
 #include "kest/host/profile_service.h"
 #include "kest/host/registry_service.h"
 #include "kest/kernel.h"
@@ -27,6 +30,7 @@
 #include <sys/time.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <vector>
 
 namespace
 {
@@ -37,6 +41,12 @@ using kest::host::ProfileService;
 using kest::host::RegistryService;
 
 using Buffer = SentinelBuffer<wchar_t, 4200>;
+
+// What the companions report.
+constexpr int accessDenied = 5;
+constexpr int generalFailure = 31;
+constexpr int diskFull = 112;
+constexpr int moduleNotFound = 126;
 
 // Runs the body in a process that can open nothing more.
 template <class Body>
@@ -122,6 +132,15 @@ TEST_F(SystemCallFaults, WithoutDescriptorsFilesStayAsTheyAre)
                       errno = 0;
                       EXPECT_EQ(_wfopen(static_cast<const wchar_t*>(L"target"), L"w"), nullptr);
                       EXPECT_EQ(errno, EMFILE);
+                      std::FILE* stream = nullptr;
+                      EXPECT_EQ(_wfopen_s(&stream, L"target", L"w"), EMFILE);
+                      EXPECT_EQ(fopen_s(&stream, "target", "w"), EMFILE);
+                      EXPECT_EQ(stream, nullptr);
+                      {
+                          const FailingCall otherFileSystem(SystemCall::moveWithoutReplacing, EXDEV);
+                          EXPECT_EQ(MoveFileW(L"source", L"moved"), 0);
+                          EXPECT_EQ(errno, generalFailure);
+                      }
                       EXPECT_EQ(CopyFileW(L"source", L"target", 0), 1);
                       EXPECT_EQ(DeleteDirectory("tree"), 0);
                       Buffer name;
@@ -132,6 +151,7 @@ TEST_F(SystemCallFaults, WithoutDescriptorsFilesStayAsTheyAre)
     EXPECT_EQ(folder.read("target"), "old");
     EXPECT_EQ(folder.read("source"), "new");
     EXPECT_EQ(folder.read("tree/deeper/file"), "1");
+    EXPECT_FALSE(fs::exists("moved"));
     EXPECT_FALSE(fs::exists("x7.tmp"));
 }
 
@@ -150,11 +170,37 @@ TEST_F(SystemCallFaults, WithoutDescriptorsNothingIsFound)
                       EXPECT_FALSE(findFile(L".", L"settings.ini"));
                       EXPECT_EQ(PathIsDirectoryW(L"."), 0);
                       EXPECT_EQ(LoadLibraryW(L"./module.dll"), nullptr);
+                      char narrowName[] = "./module.dll";
+                      EXPECT_EQ(LoadLibraryExA(narrowName, nullptr, 0), nullptr);
+                      EXPECT_EQ(errno, moduleNotFound);
+                      EXPECT_EQ(LoadLibraryA(narrowName), nullptr);
                       EXPECT_TRUE(g_loadedModuleMap.empty());
+                      std::vector<CStdStr<wchar_t>> directories;
+                      EXPECT_FALSE(getEnvPATH(directories));
+                      DWORD size = 0;
+                      // The system may know the user otherwise than from its files.
+                      const bool known = GetUserNameW(out.data(), &size) != 0;
+                      EXPECT_EQ(known, out.contents() != Buffer::untouched());
+                      EXPECT_EQ(known, size != 0);
                       EXPECT_EQ(
                           GetPrivateProfileStringW(L"section", L"key", L"default", out.data(), 64, L"settings.ini"),
                           7U);
                       EXPECT_EQ(std::wstring(out.data()), L"default");
+                  }),
+              0);
+}
+
+TEST_F(SystemCallFaults, WithoutDescriptorsTheCommandLineIsNotToldYet)
+{
+    EXPECT_EQ(statusWithoutDescriptors(
+                  []
+                  {
+                      EXPECT_EQ(std::wstring(GetCommandLineW()), L"");
+                      rlimit limit;
+                      ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &limit), 0);
+                      limit.rlim_cur = limit.rlim_max;
+                      ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &limit), 0);
+                      EXPECT_NE(std::wstring(GetCommandLineW()), L"");
                   }),
               0);
 }
@@ -183,6 +229,30 @@ TEST_F(SystemCallFaults, WithoutDescriptorsTheHostsStoresStayAsTheyAre)
     DWORD size = sizeof data;
     EXPECT_EQ(registry.RegQueryValueExW(HKEY_CURRENT_USER, L"Value", nullptr, nullptr, data, &size), ERROR_SUCCESS);
     EXPECT_STREQ(reinterpret_cast<const char*>(data), "old");
+}
+
+// ---- No processes --------------------------------------------------------------------------------------------------
+
+TEST_F(SystemCallFaults, WithoutProcessesNothingIsRun)
+{
+    fs::permissions(".", fs::perms::all);
+    EXPECT_EQ(statusOfOrdinaryUser(
+                  []
+                  {
+                      const rlimit none = {0, 0};
+                      ASSERT_EQ(setrlimit(RLIMIT_NPROC, &none), 0);
+                      Buffer out;
+                      EXPECT_EQ(GetEnvironmentVariableW(L"PATH", out.data(), 4096), 0U);
+                      EXPECT_EQ(out.contents(), Buffer::untouched());
+                      EXPECT_EQ(SetEnvironmentVariableW(L"KEST_TEST_VARIABLE", L"$(touch made)"), 1);
+                      EXPECT_EQ(CreateProcessW(nullptr, const_cast<wchar_t*>(L"touch made"), nullptr, nullptr, 0, 0,
+                                               nullptr, nullptr, nullptr, nullptr),
+                                1);
+                      EXPECT_EQ(ShellExecuteW(nullptr, L"touch", L"made", nullptr, nullptr, 0),
+                                reinterpret_cast<HINSTANCE>(33));
+                  }),
+              0);
+    EXPECT_FALSE(fs::exists("made"));
 }
 
 // ---- No space ------------------------------------------------------------------------------------------------------
@@ -214,6 +284,55 @@ TEST_F(SystemCallFaults, WithoutSpaceClosingFails)
     EXPECT_EQ(folder.read("target"), "0123456789");
 }
 
+TEST_F(SystemCallFaults, WithoutSpaceWritingFails)
+{
+    const HANDLE file =
+        CreateFileW(L"/dev/full", GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    ASSERT_NE(file, INVALID_HANDLE_VALUE);
+    const std::string more(100000, 'm');
+    DWORD written = 77;
+    EXPECT_EQ(WriteFile(file, more.data(), 100000, &written, nullptr), 0);
+    EXPECT_EQ(errno, ENOSPC);
+    EXPECT_EQ(written, 77U);
+    CloseHandle(file);
+
+    std::FILE* const stream = std::fopen("/dev/full", "w");
+    ASSERT_NE(stream, nullptr);
+    std::setvbuf(stream, nullptr, _IONBF, 0);
+    EXPECT_EQ(_tarfwprintf(stream, L"%s", L"text"), -1);
+    EXPECT_EQ(errno, ENOSPC);
+    std::fclose(stream);
+}
+
+TEST_F(SystemCallFaults, WithoutSpaceAMoveKeepsItsFile)
+{
+    const std::string content(200000, 'c');
+    folder.write("source", content);
+    {
+        const FailingCall otherFileSystem(SystemCall::moveWithoutReplacing, EXDEV);
+        const FailingCall noSpace(SystemCall::write, ENOSPC, 2);
+        EXPECT_EQ(MoveFileW(L"source", L"target"), 0);
+        EXPECT_EQ(errno, diskFull);
+        EXPECT_TRUE(noSpace.reached());
+    }
+    EXPECT_EQ(folder.read("source"), content);
+    EXPECT_FALSE(fs::exists("target"));
+}
+
+TEST_F(SystemCallFaults, WithoutSpaceNothingIsMade)
+{
+    const FailingCall noDirectory(SystemCall::makeDirectory, ENOSPC);
+    const FailingCall noFile(SystemCall::create, ENOSPC);
+    EXPECT_EQ(CreateDirectoryW(L"new/deeper", nullptr), 0);
+    EXPECT_EQ(SHCreateDirectoryExW(nullptr, L"new", nullptr), E_FAIL);
+    EXPECT_EQ(_wmkdir(L"new"), -1);
+    EXPECT_EQ(errno, ENOSPC);
+    Buffer name;
+    EXPECT_EQ(GetTempFileNameW(L".", L"x", 7, name.data()), 8U);
+    EXPECT_TRUE(noDirectory.reached() && noFile.reached());
+    EXPECT_TRUE(fs::is_empty("."));
+}
+
 TEST_F(SystemCallFaults, WithoutSpaceAProfileStaysAsItIs)
 {
     const std::string before = "[section]\nkey=" + std::string(200, 'v') + "\n";
@@ -240,6 +359,7 @@ TEST_F(SystemCallFaults, WithoutPermissionFilesStayAsTheyAre)
     folder.write("source", "new");
     folder.write("target", "old");
     folder.write("tree/file", "1");
+    fs::create_directory("empty");
     fs::permissions(".", fs::perms::owner_all | fs::perms::others_read | fs::perms::others_exec);
     for (const char* const name : {"source", "target", "tree/file"})
     {
@@ -257,6 +377,19 @@ TEST_F(SystemCallFaults, WithoutPermissionFilesStayAsTheyAre)
                       EXPECT_EQ(_wrename(L"source", L"target"), -1);
                       EXPECT_EQ(DeleteDirectory("tree"), 0);
                       EXPECT_EQ(CreateDirectoryW(L"new/deeper", nullptr), 0);
+                      EXPECT_EQ(SHCreateDirectoryExW(nullptr, L"new", nullptr), E_FAIL);
+                      EXPECT_EQ(RemoveDirectoryW(L"empty"), 0);
+                      EXPECT_EQ(_wrmdir(L"empty"), -1);
+                      EXPECT_EQ(errno, EACCES);
+                      EXPECT_EQ(_wunlink(L"target"), -1);
+                      EXPECT_EQ(errno, EACCES);
+                      EXPECT_EQ(MoveFileW(L"source", L"moved"), 0);
+                      EXPECT_EQ(errno, accessDenied);
+                      Buffer name;
+                      EXPECT_EQ(GetTempFileNameW(L".", L"x", 7, name.data()), 8U);
+                      std::FILE* stream = nullptr;
+                      EXPECT_EQ(_wfopen_s(&stream, L"target", L"w"), EACCES);
+                      EXPECT_EQ(fopen_s(&stream, "target", "w"), EACCES);
                       EXPECT_EQ(CreateFileW(L"target", GENERIC_READ | GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
                                             FILE_ATTRIBUTE_NORMAL, nullptr),
                                 INVALID_HANDLE_VALUE);
@@ -267,7 +400,45 @@ TEST_F(SystemCallFaults, WithoutPermissionFilesStayAsTheyAre)
     EXPECT_EQ(folder.read("source"), "new");
     EXPECT_EQ(folder.read("target"), "old");
     EXPECT_EQ(folder.read("tree/file"), "1");
-    EXPECT_FALSE(fs::exists("new"));
+    EXPECT_TRUE(fs::exists("empty"));
+    for (const char* const name : {"new", "moved", "x7.tmp"})
+    {
+        EXPECT_FALSE(fs::exists(name));
+    }
+}
+
+TEST_F(SystemCallFaults, WithoutPermissionNothingIsFound)
+{
+    folder.write("locked/file", "content");
+    folder.write("settings.ini", "[section]\nkey=value\n");
+    fs::copy_file(fs::path(KEST_TEST_MODULE_FOLDER) / "librecorder.so", "libmodule.so");
+    fs::permissions(".", fs::perms::owner_all | fs::perms::others_read | fs::perms::others_exec);
+    fs::permissions("settings.ini", fs::perms::owner_read | fs::perms::others_read);
+    fs::permissions("libmodule.so", fs::perms::none);
+    fs::permissions("locked", fs::perms::none);
+    EXPECT_EQ(statusOfOrdinaryUser(
+                  []
+                  {
+                      Buffer out;
+                      EXPECT_FALSE(findFile(L"locked", L"file"));
+                      EXPECT_EQ(SearchPathW(L"locked", L"file", nullptr, 4096, out.data(), nullptr), 0U);
+                      EXPECT_EQ(PathIsDirectoryW(L"locked"), 0);
+                      EXPECT_EQ(GetFileAttributesA("locked/file"), INVALID_FILE_ATTRIBUTES);
+                      EXPECT_EQ(_waccess(L"locked/file", 0), -1);
+                      EXPECT_EQ(errno, EACCES);
+                      EXPECT_EQ(SetCurrentDirectoryW(L"locked"), 0);
+                      EXPECT_EQ(_wchdir(L"locked"), -1);
+                      EXPECT_EQ(LoadLibraryW(L"./module.dll"), nullptr);
+                      EXPECT_TRUE(g_loadedModuleMap.empty());
+                      EXPECT_EQ(out.contents(), Buffer::untouched());
+                      // What cannot be written counts as missing.
+                      EXPECT_EQ(
+                          GetPrivateProfileStringW(L"section", L"key", L"default", out.data(), 64, L"settings.ini"),
+                          7U);
+                      EXPECT_EQ(std::wstring(out.data()), L"default");
+                  }),
+              0);
+    fs::permissions("locked", fs::perms::owner_all);
 }
 
 // ---- Interrupted ---------------------------------------------------------------------------------------------------
@@ -293,6 +464,11 @@ TEST_F(SystemCallFaults, SignalsEndNoWaitForAProgram)
                              nullptr, nullptr, nullptr),
               1);
     EXPECT_TRUE(fs::exists("ended"));
+    EXPECT_EQ(SetEnvironmentVariableW(L"KEST_TEST_VARIABLE", L"$(sleep 0.02; touch set)"), 1);
+    EXPECT_TRUE(fs::exists("set"));
+    EXPECT_EQ(ShellExecuteW(nullptr, L"sleep", L"0.02", L"; touch opened", nullptr, 0),
+              reinterpret_cast<HINSTANCE>(33));
+    EXPECT_TRUE(fs::exists("opened"));
 }
 
 // Opening one end of a pipe waits for the other, and reading it for what is written there.
@@ -371,6 +547,13 @@ TEST_F(SystemCallFaults, InterruptedCallsCopyFilesWhole)
         EXPECT_EQ(CopyFileW(L"source", L"target", 0), 1);
     }
     EXPECT_EQ(folder.read("target"), content);
+    {
+        const ReluctantCalls calls;
+        const FailingCall otherFileSystem(SystemCall::moveWithoutReplacing, EXDEV);
+        EXPECT_EQ(MoveFileW(L"source", L"moved"), 1);
+    }
+    EXPECT_EQ(folder.read("moved"), content);
+    EXPECT_FALSE(fs::exists("source"));
 }
 
 TEST_F(SystemCallFaults, InterruptedCallsWriteTheHostsProfilesWhole)
@@ -417,6 +600,24 @@ TEST_F(SystemCallFaults, OnABrokenDiskACopyKeepsItsSource)
         }
         EXPECT_EQ(folder.read("source"), content);
         EXPECT_EQ(folder.read("target"), content.substr(0, folder.read("target").size()));
+    }
+}
+
+TEST_F(SystemCallFaults, OnABrokenDiskAMoveKeepsItsFile)
+{
+    const std::string content(200000, 'c');
+    folder.write("source", content);
+    for (const SystemCall call : {SystemCall::read, SystemCall::write})
+    {
+        {
+            const FailingCall otherFileSystem(SystemCall::moveWithoutReplacing, EXDEV);
+            const FailingCall failing(call, EIO, 2);
+            EXPECT_EQ(MoveFileW(L"source", L"target"), 0);
+            EXPECT_EQ(errno, generalFailure);
+            EXPECT_TRUE(failing.reached());
+        }
+        EXPECT_EQ(folder.read("source"), content);
+        EXPECT_FALSE(fs::exists("target"));
     }
 }
 

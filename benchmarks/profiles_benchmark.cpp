@@ -33,14 +33,15 @@ std::string lastKey(long count)
     return "SomeLongerKeyName" + std::to_string(count - 1);
 }
 
-std::string profileOf(long count, const LineEnding& end)
+std::string profileOf(long count, const LineEnding& end, const std::string& value = "value ")
 {
     std::string text = std::string("[Settings]") + end.text;
     for (long key = 0; key < count; ++key)
     {
-        text.append(lastKey(key + 1)).append("=value ").append(std::to_string(key)).append(end.text);
+        text.append(lastKey(key + 1)).append("=").append(value).append(std::to_string(key)).append(end.text);
     }
-    return scratch().write("profile-" + std::to_string(count) + end.name + ".ini", text).string();
+    const std::string name = "profile-" + std::to_string(count) + end.name + std::to_string(value.size()) + ".ini";
+    return scratch().write(name, text).string();
 }
 
 // The file's content, into memory of its size.
@@ -90,6 +91,10 @@ void addProfiles()
         addGrowth(std::string("GetPrivateProfileStringW, missing key, ") + end.name, "keys", keys / 100,
                   [=](long count) { return lookUp(profileOf(count, end), L"NoSuchKey"); });
     }
+    // Values that a search must not skip unread: each could be a name too long.
+    addGrowth("GetPrivateProfileStringW, missing key, long lines", "keys", keys / 1000,
+              [](long count)
+              { return lookUp(profileOf(count, lineEndings[0], std::string(1200, 'v')), L"NoSuchKey"); });
     addGrowth("read_profile_string, names of all keys", "keys", keys / 100,
               [](long count)
               {

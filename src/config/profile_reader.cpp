@@ -230,11 +230,17 @@ public:
     // Leaves out lines that neither hold the word nor are long enough for a name that ends the process.
     void skipTo(std::string_view word)
     {
+        // Either place may lie far ahead: it is looked for anew only when it is passed.
         if (longLine_ <= at_)
         {
             longLine_ = findLongLine();
         }
-        const std::size_t place = std::min(findWord(text_, word, at_), longLine_);
+        if (wordPlace_ <= at_ || word.data() != word_.data())
+        {
+            word_ = word;
+            wordPlace_ = findWord(text_, word, at_);
+        }
+        const std::size_t place = std::min(wordPlace_, longLine_);
         if (place == text_.size())
         {
             at_ = place;
@@ -273,6 +279,8 @@ private:
     std::size_t lastLines_; // where those begin that end with CR
     std::size_t at_ = 0;
     std::size_t longLine_ = 0; // the next one, unless passed
+    std::string_view word_;
+    std::size_t wordPlace_ = 0; // where that stands next, unless passed
 };
 
 // ---- The answer

@@ -72,10 +72,11 @@ ScratchText::ScratchText(const wchar_t* format, std::va_list arguments)
 {
     const TranslatedFormat translated(format);
     length_ = tryToFormatInto(small_.data(), smallSize, translated, arguments);
-    if (failed())
+    // Where memory is short, the most that there is may do.
+    for (std::size_t size = largestSize; failed() && large_ == nullptr && size > smallSize; size /= 2)
     {
-        large_.reset(new (std::nothrow) wchar_t[largestSize]);
-        length_ = large_ == nullptr ? length_ : tryToFormatInto(large_.get(), largestSize, translated, arguments);
+        large_.reset(new (std::nothrow) wchar_t[size]);
+        length_ = large_ == nullptr ? length_ : tryToFormatInto(large_.get(), size, translated, arguments);
     }
 }
 

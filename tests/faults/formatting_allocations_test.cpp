@@ -57,7 +57,7 @@ protected:
     }
     void expectWide(const std::wstring& written)
     {
-        EXPECT_TRUE(wide.contents() == WideBuffer::startingWith(written)) << testing::PrintToString(wide.data());
+        EXPECT_TRUE(wide.contents() == WideBuffer::startingWith(written));
     }
 
     // A row that writes into the wide buffer: the whole text, or nothing.
@@ -133,6 +133,15 @@ TEST_F(FormattingAllocations, WriteWholeTextsOrNone)
                                   argument);
                 }),
     });
+}
+
+// The first block asked for is the largest; a text that needs less of it is written all the same.
+TEST_F(FormattingAllocations, MakeDoWithLessScratch)
+{
+    const FailingAllocation largest(1, FailingAllocation::Extent::thisOne);
+    EXPECT_EQ(wsprintfW(wide.data(), L"%s", text.c_str()), 5000);
+    EXPECT_TRUE(largest.reached());
+    expectWide(text + L'\0');
 }
 
 TEST_F(FormattingAllocations, CountNothing)

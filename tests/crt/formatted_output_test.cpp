@@ -126,6 +126,58 @@ TEST(Counting, RefusesTextThatCannotBeConverted)
     EXPECT_EQ(_tarswprintf(buffer.data(), 80, L"ab%hs", "\xff"), -1);
 }
 
+// The small scratch holds less than these.
+TEST(Counting, KeepsErrnoOverLongTexts)
+{
+    for (const std::size_t length : {5000U, 20000U})
+    {
+        SCOPED_TRACE(length);
+        const std::wstring text(length, L'x');
+        const int expected = static_cast<int>(length);
+        std::vector<wchar_t> buffer(length + 1);
+        errno = 77;
+        EXPECT_EQ(scwprintf(L"%s", text.c_str()), expected + 1);
+        EXPECT_EQ(errno, 77);
+        EXPECT_EQ(swprintfS(buffer.data(), length + 1, L"%s", text.c_str()), expected);
+        EXPECT_EQ(errno, 77);
+        EXPECT_EQ(swprintfS(buffer.data(), 10, L"%s", text.c_str()), 9);
+        EXPECT_EQ(errno, 77);
+        EXPECT_EQ(snwprintfS(buffer.data(), 0, length + 1, L"%s", text.c_str()), expected);
+        EXPECT_EQ(errno, 77);
+        EXPECT_EQ(fourArguments(buffer.data(), length + 1, L"%s", text.c_str()), expected);
+        EXPECT_EQ(errno, 77);
+        for (const auto& [name, write] : unlimitedWriters)
+        {
+            EXPECT_EQ(write(buffer.data(), L"%s", text.c_str()), expected) << name;
+            EXPECT_EQ(errno, 77) << name;
+        }
+    }
+}
+
+TEST(Counting, LeavesErrnoOfTooLongTextsToTheCLibrary)
+{
+    const std::wstring text(524288, L'x');
+    Buffer buffer;
+    errno = 77;
+    EXPECT_EQ(std::swprintf(buffer.data(), 80, L"%ls", text.c_str()), -1);
+    const int left = errno;
+    const auto expectLeft = [&](const char* name, int result)
+    {
+        EXPECT_EQ(errno, left) << name;
+        EXPECT_EQ(result, -1) << name;
+        errno = 77;
+    };
+    errno = 77;
+    expectLeft("_vscwprintf", scwprintf(L"%s", text.c_str()));
+    expectLeft("vswprintf_s", swprintfS(buffer.data(), 3, L"%s", text.c_str()));
+    expectLeft("_vsnwprintf_s", snwprintfS(buffer.data(), 80, 3, L"%s", text.c_str()));
+    expectLeft("four-argument _tarvswprintf", fourArguments(buffer.data(), 80, L"%s", text.c_str()));
+    for (const auto& [name, write] : unlimitedWriters)
+    {
+        expectLeft(name, write(buffer.data(), L"%s", text.c_str()));
+    }
+}
+
 // ---- Writing -----------------------------------------------------------------------------------------------------
 
 TEST(BoundedWriting, WritesWhatFitsAndRefusesWhatDoesNot)
@@ -236,6 +288,33 @@ TEST(CuttingWriting, CutsNarrowTextAsTheCLibraryDoes)
         NarrowBuffer buffer;
         EXPECT_EQ(sprintfS(buffer.data(), row.size, "%s%c", "abcde", 'f'), 6) << row.size;
         EXPECT_EQ(buffer.contents(), NarrowBuffer::startingWith(row.written)) << row.size;
+    }
+}
+
+TEST(CuttingWriting, RefusesNarrowTextThatTheLocaleCannotEncode)
+{
+    const ScopedLocale locale("C");
+    NarrowBuffer buffer;
+    EXPECT_EQ(sprintfS(buffer.data(), 16, "ab%ls", L"\u00e9"), -1);
+    EXPECT_EQ(sprintfS(buffer.data(), 2, "ab%ls", L"\u00e9"), -1);
+    EXPECT_EQ(sprintfS(nullptr, 0, "ab%ls", L"\u00e9"), -1);
+}
+
+// No writer makes a failure of it.
+TEST(Writing, NeedsABuffer)
+{
+    EXPECT_DEATH(sprintfS(nullptr, 8, "abc"), "");
+    EXPECT_DEATH(fourArguments(nullptr, 8, L"abc"), "");
+    EXPECT_DEATH(_tarswprintf(nullptr, 8, L"abc"), "");
+    EXPECT_DEATH(swprintfS(nullptr, 8, L"abc"), "");
+    EXPECT_DEATH(swprintfS(nullptr, 2, L"abc"), "");
+    EXPECT_DEATH(swprintfS(nullptr, 0, L"abc"), "");
+    EXPECT_DEATH(snwprintfS(nullptr, 8, 8, L"abc"), "");
+    EXPECT_DEATH(snwprintfS(nullptr, 8, 2, L"abc"), "");
+    for (const auto& [name, write] : unlimitedWriters)
+    {
+        EXPECT_DEATH(write(nullptr, L"abc"), "") << name;
+        EXPECT_DEATH(write(nullptr, L""), "") << name;
     }
 }
 

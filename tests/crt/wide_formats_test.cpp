@@ -258,4 +258,37 @@ TEST(WideStreams, PrintToAStream)
     EXPECT_EQ(folder.read("printed"), "<\u00e9|7>[wide|narrow]");
 }
 
+TEST(WideStreams, AnswerThatAStreamCannotBeWrittenTo)
+{
+    const std::unique_ptr<FILE, Close> stream(std::fopen("/dev/null", "r"));
+    ASSERT_NE(stream, nullptr);
+    EXPECT_EQ(printListTo(stream.get(), L"%s", L"text"), -1);
+    EXPECT_EQ(_tarfwprintf(stream.get(), L"%s", L"text"), -1);
+    EXPECT_EQ(statusInChild(
+                  []
+                  {
+                      ASSERT_NE(std::freopen("/dev/null", "r", stdout), nullptr);
+                      EXPECT_EQ(printList(L"%s", L"text"), -1);
+                      EXPECT_EQ(_tarwprintf(L"%s", L"text"), -1);
+                  }),
+              0);
+}
+
+TEST(WideStreams, AnswerThatAStreamIsNarrow)
+{
+    const std::unique_ptr<FILE, Close> stream(std::fopen("/dev/null", "w"));
+    ASSERT_NE(stream, nullptr);
+    ASSERT_GE(std::fputs("narrow", stream.get()), 0);
+    EXPECT_EQ(printListTo(stream.get(), L"%s", L"text"), -1);
+    EXPECT_EQ(_tarfwprintf(stream.get(), L"%s", L"text"), -1);
+    const std::string printed = printedBy(
+        []
+        {
+            ASSERT_GE(std::fputs("narrow", stdout), 0);
+            EXPECT_EQ(printList(L"%s", L"text"), -1);
+            EXPECT_EQ(_tarwprintf(L"%s", L"text"), -1);
+        });
+    EXPECT_EQ(printed, "narrow");
+}
+
 } // namespace

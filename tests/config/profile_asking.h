@@ -17,7 +17,7 @@ namespace kest::test
 
 inline void PrintTo(const ProfileAnswer& answer, std::ostream* out)
 {
-    *out << answer.count << " " << testing::PrintToString(answer.buffer);
+    *out << answer.count << " " << testing::PrintToString(answer.buffer) << (answer.endsProcess ? " process end" : "");
 }
 
 // A name or default; none is a null pointer.

@@ -1,12 +1,13 @@
 // Sizes, the default, and files that cannot be read.
 #include "config/profile_asking.h"
 #include "harness/in_child.h"
+#include "harness/open_descriptors.h"
 
 #include <array>
 #include <dlfcn.h>
-#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <optional>
+#include <set>
 #include <string>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -15,6 +16,7 @@
 using kest::test::answered;
 using kest::test::askProfile;
 using kest::test::byDefault;
+using kest::test::LeftOpen;
 using kest::test::none;
 using kest::test::Profile;
 using kest::test::ProfileAnswer;
@@ -81,6 +83,13 @@ TEST(ProfileSizes, AreRefusedBelowTwo)
     std::string buffer(8, '\x5A');
     EXPECT_EQ(read_profile_string("A"s.data(), "x"s.data(), "d"s.data(), buffer.data(), 1, path.data()), 0);
     EXPECT_EQ(buffer, "\0ZZZZZZZ"s);
+}
+
+TEST(ProfileSizes, OfOneByteNeedABuffer)
+{
+    const Profile profile("[A]\nx=value\n");
+    std::string path = profile.path();
+    EXPECT_DEATH(read_profile_string("A"s.data(), "x"s.data(), "d"s.data(), nullptr, 1, path.data()), "");
 }
 
 TEST(ProfileSizes, CutTheValue)
@@ -248,20 +257,35 @@ TEST(ProfileFiles, AreReadAsFarAsTheyGo)
     EXPECT_EQ(profile.ask("A", "x"), answered(5, "value"));
 }
 
-TEST(ProfileFiles, StayAsTheyAreAndAreClosed)
+TEST(ProfileFiles, StayAsTheyAre)
 {
     const Profile profile("[A]\nx=value\n");
-    const auto nextDescriptor = []
-    {
-        const int descriptor = open("/dev/null", O_RDONLY | O_CLOEXEC);
-        close(descriptor);
-        return descriptor;
-    };
-    const int before = nextDescriptor();
     EXPECT_EQ(profile.ask("A", "x"), answered(5, "value"));
     EXPECT_EQ(profile.ask("A", "y"), byDefault);
-    EXPECT_EQ(nextDescriptor(), before);
     EXPECT_EQ(profile.folder().read("file.ini"), "[A]\nx=value\n");
+}
+
+TEST(ProfileFiles, AreClosedWhateverTheyAnswer)
+{
+    const Profile profile("[A]\nx=value\n");
+    const std::string empty = profile.folder().write("empty", "");
+    ASSERT_EQ(mkfifo("pipe", 0600), 0);
+    const auto expectClosed = [](const std::string& path, std::optional<off_t> length, const ProfileAnswer& expected)
+    {
+        SCOPED_TRACE(path);
+        const LeftOpen left;
+        pretendedLength = length;
+        const ProfileAnswer answer = askProfile(path, "A", "x", "default");
+        pretendedLength.reset();
+        EXPECT_EQ(answer, expected);
+        EXPECT_EQ(left.descriptors(), std::set<int>());
+    };
+    expectClosed(profile.path(), std::nullopt, answered(5, "value"));
+    expectClosed(empty, std::nullopt, byDefault);
+    expectClosed(profile.path(), 0xFFFFFFFF, byDefault);
+    expectClosed("pipe", std::nullopt, answered(0, ""));
+    expectClosed(profile.path(), off_t{1} << 62, answered(0, ""));
+    expectClosed(empty, 5, answered(0, ""));
 }
 
 } // namespace

@@ -11,14 +11,17 @@
 namespace kest::test
 {
 
-// What a call answers and leaves in its buffer of `size` bytes.
+// What a call answers and leaves in its buffer of `size` bytes, unless it ends the process.
 struct ProfileAnswer
 {
     int count;
     std::string buffer;
+    bool endsProcess = false;
 
     bool operator==(const ProfileAnswer&) const = default;
 };
+
+inline const ProfileAnswer processEnd = {0, "", true};
 
 class ProfileModel
 {
@@ -43,6 +46,10 @@ public:
             return answer(cut(default_), false);
         }
         scan(section, key);
+        if (endsProcess_)
+        {
+            return processEnd;
+        }
         if (value_)
         {
             return answer(cut(*value_), true);
@@ -78,6 +85,8 @@ private:
             full = true;
         }
     };
+
+    static constexpr std::size_t longestName = 1024;
 
     static bool blank(char character) { return std::isspace(static_cast<unsigned char>(character)) != 0; }
 
@@ -135,6 +144,11 @@ private:
                     keysClosed = true;
                 }
                 const std::string name = line.substr(1, bracket - 1);
+                if (name.size() > longestName)
+                {
+                    endsProcess_ = true;
+                    return;
+                }
                 if (!sections_.full)
                 {
                     sections_.append(name);
@@ -150,6 +164,11 @@ private:
                 if (name.empty())
                 {
                     continue;
+                }
+                if (name.size() > longestName)
+                {
+                    endsProcess_ = true;
+                    return;
                 }
                 if (!keysClosed && !keys_.full)
                 {
@@ -191,6 +210,7 @@ private:
     List sections_ = {"", size_ - 1};
     List keys_ = {"", size_ - 1};
     bool inSection_ = false;
+    bool endsProcess_ = false;
     std::optional<std::string> value_;
 };
 

@@ -1,4 +1,5 @@
 // The reader as a whole: against a model of it, and on large files.
+#include "config/process_end.h"
 #include "config/profile_asking.h"
 
 #include <gtest/gtest.h>
@@ -11,15 +12,32 @@
 using kest::test::answered;
 using kest::test::askProfile;
 using kest::test::byDefault;
+using kest::test::endsProcess;
 using kest::test::none;
+using kest::test::processEnd;
 using kest::test::Profile;
+using kest::test::ProfileAnswer;
 using kest::test::ProfileModel;
 using kest::test::ScratchFolder;
 using kest::test::Text;
+using kest::test::writable;
 using namespace std::string_literals;
 
 namespace
 {
+
+// askProfile, but a process end is an answer too.
+ProfileAnswer askProfileOrEnd(std::string path, Text section, Text key, Text defaultValue, std::size_t size)
+{
+    ProfileAnswer answer = {0, std::string(size, '\x5A')};
+    const bool ended = endsProcess(
+        [&]
+        {
+            answer.count = read_profile_string(writable(section), writable(key), writable(defaultValue),
+                                               answer.buffer.data(), static_cast<int>(size), path.data());
+        });
+    return ended ? processEnd : answer;
+}
 
 TEST(ProfileReader, AgreesWithItsModel)
 {
@@ -34,12 +52,18 @@ TEST(ProfileReader, AgreesWithItsModel)
     // In memory: a file on disk written this often keeps the disk busy.
     const int file = memfd_create("profile", MFD_CLOEXEC);
     const std::string path = "/proc/self/fd/" + std::to_string(file);
+    int ends = 0;
     for (int round = 0; round < 20000; ++round)
     {
         std::string content;
         for (std::size_t count = upTo(25); count != 0; --count)
         {
             content += pieces[upTo(std::size(pieces) - 1)];
+            // As long as the longest name, more or less.
+            if (upTo(39) == 0)
+            {
+                content.append(1020 + upTo(10), "x  ["[upTo(3)]);
+            }
         }
         if (upTo(9) == 0)
         {
@@ -51,9 +75,12 @@ TEST(ProfileReader, AgreesWithItsModel)
         const Text key = names[upTo(std::size(names) - 1)];
         const Text given = defaults[upTo(std::size(defaults) - 1)];
         const std::size_t size = 2 + upTo(40);
-        ASSERT_EQ(askProfile(path, section, key, given, size), ProfileModel(content, size).ask(section, key, given))
+        const ProfileAnswer expected = ProfileModel(content, size).ask(section, key, given);
+        ASSERT_EQ(askProfileOrEnd(path, section, key, given, size), expected)
             << testing::PrintToString(content) << testing::PrintToString(section) << testing::PrintToString(key);
+        ends += expected.endsProcess ? 1 : 0;
     }
+    EXPECT_GE(ends, 100);
     close(file);
 }
 

@@ -9,6 +9,7 @@
 #include <ctype.h>
 #include <gtest/gtest.h>
 #include <string>
+#include <string_view>
 #include <sys/wait.h>
 #include <utility>
 #include <vector>
@@ -352,6 +353,61 @@ TEST(ProfileNames, EndTheProcessBeyond1024Bytes)
     EXPECT_TRUE(aborted(statusOfAsking(key, "A", none)));
     EXPECT_TRUE(aborted(statusOfAsking(key, "A", none, 2)));
     EXPECT_TRUE(aborted(statusOfAsking(key, "A", longName(1025))));
+}
+
+// Header and key with the shortest name that is too long.
+const std::string tooLong[] = {"[" + longName(1025) + "]", longName(1025) + "=", longName(1025) + " = 2"};
+
+// A key that is not there: lines are left out that are neither it nor too long.
+void expectProcessEnd(const std::string& content)
+{
+    EXPECT_TRUE(aborted(statusOfAsking(Profile(content), "A", "no key"))) << testing::PrintToString(content);
+}
+
+TEST(ProfileNames, EndTheProcessInLinesThatCarriageReturnEnds)
+{
+    for (const std::string& line : tooLong)
+    {
+        expectProcessEnd("[A]\nx=1\r" + line + "\ry=3\r");
+        expectProcessEnd("[A]\nx=1\ny=2\r" + line);
+        expectProcessEnd("[A]\n" + longName(1500) + "\nx=1\r" + line + "\ry=3\r");
+        expectProcessEnd("[A]\rx=1\r" + line + "\ry=3\r");
+    }
+    EXPECT_TRUE(aborted(statusOfAsking(Profile("[B]\nx=1\r" + tooLong[0] + "\r[C]\r"), "A", "x")));
+}
+
+TEST(ProfileNames, EndTheProcessBehindLongLinesThatDoNot)
+{
+    const std::string harmless[] = {longName(2000), "[" + longName(2000), "x=" + longName(2000),
+                                    std::string(2000, ' ') + "x=1"};
+    for (const std::string& line : harmless)
+    {
+        expectProcessEnd("[A]\n" + line + "\nx=1\n" + tooLong[1] + "\ny=3\n");
+        expectProcessEnd("[A]\n" + line + "\nx=1\n" + line + "\n" + tooLong[0] + "\ny=3\n");
+        expectProcessEnd("[A]\r" + line + "\rx=1\r" + tooLong[1] + "\ry=3\r");
+        EXPECT_TRUE(aborted(statusOfAsking(Profile(line + "\n[B]\n" + tooLong[0] + "\n"), "A", "x")));
+    }
+}
+
+TEST(ProfileNames, EndTheProcessInTheShortestLines)
+{
+    const std::string allowed = longName(1024);
+    for (const char* const before : {"[A]\n", "[A]\nx=1\n", "[A]\r"})
+    {
+        for (const char* const behind : {"", "\n", "\r", "\r\n", "\ny=3\n", "\ny=3\r", "\ry=3\r"})
+        {
+            for (const std::string& line : tooLong)
+            {
+                // A carriage return before a line feed ends no line.
+                if (before != "[A]\r"s || std::string_view(behind).find('\n') == std::string_view::npos)
+                {
+                    expectProcessEnd(before + line + behind);
+                }
+            }
+            EXPECT_EQ(Profile(before + allowed + "=" + behind).ask("A", "no key"), byDefault);
+            EXPECT_EQ(Profile(before + ("[" + allowed) + "]" + behind).ask("A", "no key"), byDefault);
+        }
+    }
 }
 
 TEST(ProfileNames, EndTheProcessOnlyWhereTheyAreReached)

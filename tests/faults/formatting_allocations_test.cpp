@@ -55,10 +55,7 @@ protected:
         wide = {};
         narrow = {};
     }
-    void expectWide(const std::wstring& written)
-    {
-        EXPECT_TRUE(wide.contents() == WideBuffer::startingWith(written));
-    }
+    void expectWide(const std::wstring& written) { EXPECT_TRUE(wide.contents() == WideBuffer::startingWith(written)); }
 
     // A row that writes into the wide buffer: the whole text, or nothing.
     AllocatingCall writing(const char* name, std::function<int()> call)

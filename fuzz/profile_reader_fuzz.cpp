@@ -1,5 +1,6 @@
 // read_profile_string against the model that its tests use, and GetPrivateProfileStringW without a host against the
-// same model between the C library's conversions. Buffers are compared whole.
+// same model between the C library's conversions. Buffers are compared whole; process ends are answers as well.
+#include "config/process_end.h"
 #include "config/profile_model.h"
 #include "fuzzing.h"
 #include "kest/kernel/profiles.h"
@@ -15,12 +16,13 @@ namespace
 {
 
 using kest::fuzz::require;
+using kest::test::endsProcess;
+using kest::test::processEnd;
 using kest::test::ProfileAnswer;
 using kest::test::ProfileModel;
 using Text = std::optional<std::string>;
 using WideText = std::optional<std::wstring>;
 
-// Shorter than the name that ends the process.
 constexpr std::size_t longestContent = 1024;
 constexpr char sentinel = '\x5A';
 constexpr wchar_t wideSentinel = L'\x5A';
@@ -78,6 +80,26 @@ std::wstring widened(const std::string& text)
     return result;
 }
 
+// A control character stands for so many of the character before it that a name may end the process, or just not:
+// few inputs would have as many themselves.
+std::string profileContent(FuzzedDataProvider& data)
+{
+    constexpr char firstMark = '\x10';
+    constexpr char lastMark = '\x1F';
+    constexpr std::size_t shortestRun = 1016;
+    constexpr int mostRuns = 4;
+    int runs = 0;
+    std::string content;
+    for (const char character : data.ConsumeBytesAsString(longestContent))
+    {
+        const bool isMark = character >= firstMark && character <= lastMark && !content.empty() && runs < mostRuns;
+        content.append(isMark ? shortestRun + static_cast<std::size_t>(character - firstMark) : 1,
+                       isMark ? content.back() : character);
+        runs += isMark ? 1 : 0;
+    }
+    return content;
+}
+
 char* writable(Text& text)
 {
     return text ? text->data() : nullptr;
@@ -94,19 +116,29 @@ void checkReader(const std::string& content, const std::string& path, Text secti
     const std::size_t room = size > 0 ? static_cast<std::size_t>(size) : 0;
     ProfileAnswer answer = {0, std::string(room, sentinel)};
     std::string file = path;
-    answer.count = read_profile_string(writable(section), writable(key), writable(defaultValue), answer.buffer.data(),
-                                       size, file.data());
+    const bool ended = endsProcess(
+        [&]
+        {
+            answer.count = read_profile_string(writable(section), writable(key), writable(defaultValue),
+                                               answer.buffer.data(), size, file.data());
+        });
     const ProfileAnswer expected = room < 2 ? ProfileAnswer{0, std::string(room, '\0')}
                                             : ProfileModel(content, room).ask(section, key, defaultValue);
-    require(answer == expected, "read_profile_string");
+    require((ended ? processEnd : answer) == expected, "read_profile_string");
 }
 
 void checkWide(const std::string& content, const std::string& path, const WideText& section, const WideText& key,
                const WideText& defaultValue, DWORD size)
 {
     std::wstring buffer(size, wideSentinel);
-    const DWORD count = GetPrivateProfileStringW(given(section), given(key), given(defaultValue), buffer.data(), size,
-                                                 std::wstring(path.begin(), path.end()).c_str());
+    const std::wstring file(path.begin(), path.end());
+    DWORD count = 0;
+    const bool ended = endsProcess(
+        [&]
+        {
+            count = GetPrivateProfileStringW(given(section), given(key), given(defaultValue), buffer.data(), size,
+                                             file.c_str());
+        });
     ProfileAnswer expected = {0, ""};
     if (size >= 2)
     {
@@ -114,6 +146,11 @@ void checkWide(const std::string& content, const std::string& path, const WideTe
         expected = ProfileModel(content, size)
                        .ask(narrowed(section.value_or(L"")), narrowed(key.value_or(L"")),
                             narrowed(defaultValue.value_or(L"")));
+    }
+    require(ended == expected.endsProcess, "GetPrivateProfileStringW's process end");
+    if (ended)
+    {
+        return;
     }
     std::wstring expectedBuffer(size, wideSentinel);
     if (size > 0)
@@ -158,7 +195,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
         const WideText section = wideName();
         const WideText key = wideName();
         const WideText defaultValue = wideName();
-        const std::string content = data.ConsumeBytesAsString(longestContent);
+        const std::string content = profileContent(data);
         file.write(content);
         checkWide(content, file.path(), section, key, defaultValue, static_cast<DWORD>(room < 0 ? 0 : room));
     }
@@ -167,7 +204,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
         const Text section = narrowName();
         const Text key = narrowName();
         const Text defaultValue = narrowName();
-        const std::string content = data.ConsumeBytesAsString(longestContent);
+        const std::string content = profileContent(data);
         file.write(content);
         checkReader(content, file.path(), section, key, defaultValue, room);
     }

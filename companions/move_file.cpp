@@ -102,7 +102,7 @@ DWORD moveErrorOf(int error, const std::string& from)
         return ERROR_SHARING_VIOLATION;
     case EEXIST:
         return ERROR_ALREADY_EXISTS;
-    // Windows has codes for these, which moving does not answer.
+    // Moving answers the general failure here, as it does for all that its contract does not name.
     case EISDIR:
     case EMFILE:
     case ENFILE:

@@ -24,9 +24,6 @@ namespace kest::host
 namespace
 {
 
-constexpr DWORD invalidAttributes = 0xFFFFFFFF;
-constexpr DWORD directoryAttribute = 0x10;
-
 bool isSeparator(wchar_t character)
 {
     return character == L'/' || character == L'\\';
@@ -85,13 +82,13 @@ try
     if (!path || !statusAt(AT_FDCWD, path->c_str(), status, isLink))
     {
         errno = ERROR_FILE_NOT_FOUND;
-        return invalidAttributes;
+        return INVALID_FILE_ATTRIBUTES;
     }
     return attributesOf(lastComponent(*path), status, isLink);
 }
 catch (const std::bad_alloc&)
 {
-    return withoutMemory(invalidAttributes);
+    return withoutMemory<DWORD>(INVALID_FILE_ATTRIBUTES);
 }
 
 BOOL FileSystemService::SetFileAttributesW(const wchar_t* lpFileName, DWORD dwFileAttributes)
@@ -164,7 +161,7 @@ try
     }
     std::vector<std::wstring_view> from = componentsOf(pszFrom);
     const std::vector<std::wstring_view> to = componentsOf(pszTo);
-    if ((dwAttrFrom & directoryAttribute) == 0 && !from.empty())
+    if ((dwAttrFrom & FILE_ATTRIBUTE_DIRECTORY) == 0 && !from.empty())
     {
         from.pop_back();
     }

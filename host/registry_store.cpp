@@ -1,6 +1,5 @@
 #include "registry_store.h"
 
-#include "common/descriptor.h"
 #include "folders.h"
 #include "kest/registry.h"
 #include "unicode.h"
@@ -11,9 +10,9 @@
 #include <cstdlib>
 #include <cstring>
 #include <ctime>
-#include <fcntl.h>
 #include <sys/stat.h>
 #include <thread>
+#include <unistd.h>
 #include <utility>
 
 namespace kest::host
@@ -218,22 +217,27 @@ void RegistryStore::open()
     }
 }
 
-// The file is ours alone from its first moment; SQLite gives its companions the same mode.
+// The file is ours alone from its first moment; SQLite gives its companions the same mode. It is made without a
+// descriptor: to close one would give up every lock that this process has on the file, another store's too.
 void RegistryStore::createFile() const
 {
     if (!makeFolders(file_.substr(0, file_.rfind('/') + 1)))
     {
         throwSystemError();
     }
-    const common::Descriptor file(::open(file_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
-    if (!file.valid())
+    struct stat status;
+    if ((mknod(file_.c_str(), S_IFREG | S_IRUSR | S_IWUSR, 0) != 0 && errno != EEXIST) ||
+        stat(file_.c_str(), &status) != 0)
     {
         throwSystemError();
     }
-    struct stat status;
-    if (fstat(file.number(), &status) != 0 || !S_ISREG(status.st_mode))
+    if (!S_ISREG(status.st_mode))
     {
         throw DatabaseError(SQLITE_CANTOPEN, "this is no regular file");
+    }
+    if (access(file_.c_str(), R_OK | W_OK) != 0)
+    {
+        throwSystemError();
     }
 }
 

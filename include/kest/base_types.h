@@ -10,6 +10,9 @@
  * Without memory a function fails as it does for any other reason: with the result of its failure, with nothing done
  * and nothing kept. No exception comes out of it, whatever its linkage. Two families differ, and say so: the
  * module functions let std::bad_alloc out, and so do the string class and its registry.
+ *
+ * Paths and texts are converted and formatted in buffers on the stack: a thread that calls these functions needs
+ * 128 KiB of it. Threads have 8 MiB unless they were made with less.
  */
 #ifndef KEST_BASE_TYPES_H
 #define KEST_BASE_TYPES_H

@@ -34,7 +34,7 @@ bool sameLetter(wchar_t a, wchar_t b)
 }
 
 // From this length on a part is searched for in one pass. The C library compares it anew at every place where it might
-// begin, which is faster for what is mostly searched for and for a long part need not end.
+// begin: faster for short parts, but for long ones up to the product of both lengths.
 constexpr std::size_t longPart = 32;
 
 bool isLong(const wchar_t* part)

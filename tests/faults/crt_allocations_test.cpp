@@ -156,7 +156,7 @@ TEST_F(CrtAllocations, AnswerNoFoldersTheyCannotHold)
     });
 }
 
-// ---- Numbers, locales and patterns -----------------------------------------------------------------------------------
+// ---- Numbers, locales, patterns and searches ----------------------------------------------------------------------
 
 TEST_F(CrtAllocations, ReadLongNumbersAsZero)
 {
@@ -222,6 +222,24 @@ TEST_F(CrtAllocations, MatchNoLongNames)
                        .failure = 0});
 }
 
+TEST_F(CrtAllocations, FindLongPartsAllTheSame)
+{
+    const std::wstring part(100, L'a');
+    const std::wstring string = std::wstring(99, L'a') + L"b" + part;
+    expectEveryFailureHandled(AllocatingCall{.name = "StrStrIW",
+                                             .call =
+                                                 [&]
+                                             {
+                                                 errno = EDOM;
+                                                 const long place =
+                                                     StrStrIW(string.c_str(), part.c_str()) - string.c_str();
+                                                 EXPECT_EQ(errno, EDOM);
+                                                 return place;
+                                             },
+                                             .success = 100,
+                                             .failure = 100});
+}
+
 // ---- The keyboard --------------------------------------------------------------------------------------------------
 
 TEST_F(CrtAllocations, SeeACharacterThatWaits)
@@ -251,24 +269,6 @@ class ExpandingSystem final : public StubSystemService
 public:
     std::wstring ExpandEnvironmentStringsW(const std::wstring& text) override { return text + text; }
 };
-
-TEST_F(CrtAllocations, FindLongPartsAllTheSame)
-{
-    const std::wstring part(100, L'a');
-    const std::wstring string = std::wstring(99, L'a') + L"b" + part;
-    expectEveryFailureHandled(AllocatingCall{.name = "StrStrIW",
-                                             .call =
-                                                 [&]
-                                             {
-                                                 errno = EDOM;
-                                                 const long place =
-                                                     StrStrIW(string.c_str(), part.c_str()) - string.c_str();
-                                                 EXPECT_EQ(errno, EDOM);
-                                                 return place;
-                                             },
-                                             .success = 100,
-                                             .failure = 100});
-}
 
 TEST_F(CrtAllocations, LeaveTheEnvironmentAlone)
 {

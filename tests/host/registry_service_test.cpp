@@ -8,9 +8,12 @@
 #include "kest/registry.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cstdint>
 #include <ctime>
 #include <filesystem>
+#include <fstream>
+#include <functional>
 #include <gtest/gtest.h>
 #include <set>
 #include <string>
@@ -24,6 +27,14 @@ namespace
 
 using kest::host::RegistryService;
 using kest::test::ScratchFolder;
+
+void waitForFile(const std::string& name)
+{
+    while (!std::filesystem::exists(name))
+    {
+        std::this_thread::sleep_for(std::chrono::milliseconds(2));
+    }
+}
 
 // A registry in a scratch folder, and shorter spellings of its operations.
 class Registry : public testing::Test
@@ -475,6 +486,56 @@ TEST_F(Registry, LosesNoWriteOfEightProcesses)
             service_.RegCloseKey(key);
         }
     }
+}
+
+// In a process of its own, which waits for its turn: "go" followed by its number.
+std::thread inTurn(int number, const std::function<void()>& body)
+{
+    const std::string suffix = std::to_string(number);
+    std::thread thread(
+        [=]
+        {
+            EXPECT_EQ(kest::test::statusInChild(
+                          [&]
+                          {
+                              std::ofstream("ready" + suffix);
+                              waitForFile("go" + suffix);
+                              body();
+                          }),
+                      0);
+        });
+    waitForFile("ready" + suffix);
+    return thread;
+}
+
+// A process loses its locks on a file when it closes any descriptor of that file; the next process to end would then
+// take the first service's last writes with it.
+TEST_F(Registry, LosesNothingWhenTwoServicesOfAProcessShareAFile)
+{
+    // Begun before this process opens the registry, which no child may inherit.
+    std::thread writer = inTurn(1,
+                                [&]
+                                {
+                                    RegistryService service(file_.string());
+                                    HKEY* key = nullptr;
+                                    EXPECT_EQ(service.RegCreateKeyW(HKEY_CURRENT_USER, L"other", &key), 0);
+                                });
+    std::thread reader = inTurn(2,
+                                [&]
+                                {
+                                    RegistryService service(file_.string());
+                                    HKEY key = nullptr;
+                                    EXPECT_EQ(service.RegOpenKeyExW(HKEY_CURRENT_USER, L"later", 0, KEY_READ, &key), 0);
+                                });
+    create(L"earlier");
+    RegistryService second(file_.string());
+    HKEY key = nullptr;
+    EXPECT_EQ(second.RegOpenKeyExW(HKEY_CURRENT_USER, L"earlier", 0, KEY_READ, &key), 0);
+    std::ofstream("go1");
+    writer.join();
+    create(L"later");
+    std::ofstream("go2");
+    reader.join();
 }
 
 TEST_F(Registry, AnswersForADamagedDatabaseAndLeavesItAsItWas)

@@ -187,8 +187,8 @@ KEST_API void GetNativeSystemInfo(LPSYSTEM_INFO info);
 /**
  * The process's command line, quoted so that CommandLineToArgvW finds the arguments again. Built on the first call, in
  * the locale of that moment; bytes that it cannot convert become U+FFFD.
- * @return the text, the same on every call; an empty one without memory or a descriptor to read it with, and then the
- *     next call tries again.
+ * @return the text, the same on every call; an empty one without memory, without a descriptor to read it with, or in a
+ *     locale whose encoding is not known, and then the next call tries again.
  * @lasterror left as it is.
  * @kind local
  */

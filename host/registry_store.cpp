@@ -231,6 +231,11 @@ void RegistryStore::createFile() const
     {
         throwSystemError();
     }
+    if (S_ISDIR(status.st_mode))
+    {
+        errno = EISDIR;
+        throwSystemError();
+    }
     if (!S_ISREG(status.st_mode))
     {
         throw DatabaseError(SQLITE_CANTOPEN, "this is no regular file");

@@ -8,6 +8,7 @@
 #include <cstring>
 #include <functional>
 #include <gtest/gtest.h>
+#include <ostream>
 #include <string>
 #include <tuple>
 #include <type_traits>
@@ -132,6 +133,8 @@ struct FixedResultTopic
 {
     const char* name;
     std::vector<FixedResult> rows;
+
+    friend std::ostream& operator<<(std::ostream& out, const FixedResultTopic& topic) { return out << topic.name; }
 };
 
 // All of them, in the tables beside this file.

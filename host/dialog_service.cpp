@@ -1,6 +1,7 @@
 #include "kest/host/dialog_service.h"
 
 #include "out_of_memory.h"
+#include "out_parameters.h"
 #include "terminal_question.h"
 #include "text.h"
 
@@ -128,7 +129,7 @@ struct TerminalDialogService::State
     std::mutex terminal; // one question at a time
     std::mutex mutex;    // guards the rest; never held while a handler runs
     int answer = 0;
-    std::unordered_map<HWND, WindowHandler> windows;
+    std::unordered_map<HWND, std::shared_ptr<const WindowHandler>> windows;
     std::deque<Message> posted;
 
     int askOne(const Question& question)
@@ -142,11 +143,12 @@ struct TerminalDialogService::State
         return ask(question, unattended);
     }
 
-    WindowHandler handlerOf(HWND window)
+    // Shared with the map, as a handler may end its own registration; and sharing takes no memory.
+    std::shared_ptr<const WindowHandler> handlerOf(HWND window)
     {
         const std::lock_guard lock(mutex);
         const auto found = windows.find(window);
-        return found == windows.end() ? WindowHandler() : found->second;
+        return found == windows.end() ? nullptr : found->second;
     }
 };
 
@@ -164,13 +166,15 @@ void TerminalDialogService::setAnswer(int button)
 
 void TerminalDialogService::registerWindow(HWND window, WindowHandler handler)
 {
-    const std::lock_guard lock(state_->mutex);
     if (handler)
     {
-        state_->windows[window] = std::move(handler);
+        auto shared = std::make_shared<const WindowHandler>(std::move(handler));
+        const std::lock_guard lock(state_->mutex);
+        state_->windows.insert_or_assign(window, std::move(shared));
     }
     else
     {
+        const std::lock_guard lock(state_->mutex);
         state_->windows.erase(window);
     }
 }
@@ -230,8 +234,8 @@ catch (const std::bad_alloc&)
 
 LRESULT TerminalDialogService::SendMessageW(HWND hWnd, UINT Msg, WPARAM wParam, LPARAM lParam)
 {
-    const WindowHandler handler = state_->handlerOf(hWnd);
-    return handler ? handler(hWnd, Msg, wParam, lParam) : 0;
+    const std::shared_ptr<const WindowHandler> handler = state_->handlerOf(hWnd);
+    return handler != nullptr ? (*handler)(hWnd, Msg, wParam, lParam) : 0;
 }
 
 HRESULT TerminalDialogService::TaskDialogIndirect(const TASKDIALOGCONFIG* pTaskConfig, int* pnButton,
@@ -274,30 +278,17 @@ try
         buttons.push_back({ok, L"OK"});
     }
     const int button = state_->askOne(makeQuestion(std::move(prompt), std::move(buttons), dialog.nDefaultButton));
-    if (pnButton != nullptr)
-    {
-        *pnButton = button;
-    }
-
+    int radio = 0;
     if (dialog.cRadioButtons > 0)
     {
         std::vector<Choice> radios;
         for (UINT index = 0; index < dialog.cRadioButtons; ++index)
         {
-            const TASKDIALOG_BUTTON& radio = dialog.pRadioButtons[index];
-            radios.push_back({radio.nButtonID, resourceText(radio.pszButtonText)});
+            const TASKDIALOG_BUTTON& offered = dialog.pRadioButtons[index];
+            radios.push_back({offered.nButtonID, resourceText(offered.pszButtonText)});
         }
-        const int radio = state_->askOne(makeQuestion({}, std::move(radios), dialog.nDefaultRadioButton));
-        if (pnRadioButton != nullptr)
-        {
-            *pnRadioButton = radio;
-        }
+        radio = state_->askOne(makeQuestion({}, std::move(radios), dialog.nDefaultRadioButton));
     }
-    else if (pnRadioButton != nullptr)
-    {
-        *pnRadioButton = 0;
-    }
-
     BOOL checked = (dialog.dwFlags & verificationChecked) != 0 ? 1 : 0;
     if (!resourceText(dialog.pszVerificationText).empty())
     {
@@ -305,10 +296,9 @@ try
         checked = state_->askOne(makeQuestion(resourceText(dialog.pszVerificationText) + L'\n',
                                               {{yes, L"Yes"}, {no, L"No"}}, standing)) == yes;
     }
-    if (pfVerificationFlagChecked != nullptr)
-    {
-        *pfVerificationFlagChecked = checked;
-    }
+    storeIfWanted(pnButton, button);
+    storeIfWanted(pnRadioButton, radio);
+    storeIfWanted(pfVerificationFlagChecked, checked);
     return 0;
 }
 catch (const std::bad_alloc&)

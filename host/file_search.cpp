@@ -1,4 +1,5 @@
 // The find operations of the file system service.
+#include "common/windows_errors.h"
 #include "file_status.h"
 #include "folders.h"
 #include "kest/host/file_system_service.h"
@@ -126,14 +127,16 @@ void describe(std::string_view name, const struct stat& status, bool isLink, WIN
 // Hands out the next entry that still exists.
 bool handOut(Search& search, WIN32_FIND_DATAW& data)
 {
-    while (search.next < search.entries.size())
+    for (; search.next < search.entries.size(); ++search.next)
     {
-        const std::string_view name = search.name(search.entries[search.next++]);
+        const std::string_view name = search.name(search.entries[search.next]);
         struct stat status;
         bool isLink = false;
         if (statusAt(dirfd(search.folder.get()), name.data(), status, isLink))
         {
             describe(name, status, isLink, data);
+            // Only now: without memory the entry is not lost, but the next call's.
+            ++search.next;
             return true;
         }
     }
@@ -153,12 +156,12 @@ try
     const std::wstring_view path = lpFileName;
     const std::size_t separator = path.find_last_of(L"/\\");
     const std::wstring_view folderPath = separator == path.npos ? L"." : path.substr(0, separator + 1);
-    const std::optional<std::string> folderName = existingPath(folderPath);
     auto search = std::make_unique<Search>();
+    const std::optional<std::string> folderName = existingPath(folderPath);
     search->folder.reset(folderName ? opendir(folderName->c_str()) : nullptr);
     if (search->folder == nullptr)
     {
-        errno = ERROR_PATH_NOT_FOUND;
+        errno = errno == ENOENT || errno == ENOTDIR ? ERROR_PATH_NOT_FOUND : common::windowsErrorOf(errno);
         return INVALID_HANDLE_VALUE;
     }
     const std::wstring pattern = folded(path.substr(separator == path.npos ? 0 : separator + 1));

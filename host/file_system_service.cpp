@@ -34,6 +34,21 @@ bool isLetter(wchar_t character)
     return (character >= L'a' && character <= L'z') || (character >= L'A' && character <= L'Z');
 }
 
+// The file on disk; nothing, with the last error set, if there is none or it cannot be looked for.
+std::optional<std::string> fileOnDisk(const wchar_t* path)
+{
+    std::optional<std::string> found;
+    if (path == nullptr)
+    {
+        errno = ERROR_FILE_NOT_FOUND;
+    }
+    else if (!(found = existingPath(path)))
+    {
+        errno = common::windowsErrorOf(errno);
+    }
+    return found;
+}
+
 std::string lastComponent(const std::string& path)
 {
     return path.substr(path.rfind('/') + 1);
@@ -59,10 +74,9 @@ std::vector<std::wstring_view> componentsOf(std::wstring_view path)
 BOOL FileSystemService::PathFileExistsW(const wchar_t* path, std::wstring& actualPath)
 try
 {
-    const std::optional<std::string> found = path == nullptr ? std::nullopt : existingPath(path);
+    const std::optional<std::string> found = fileOnDisk(path);
     if (!found)
     {
-        errno = ERROR_FILE_NOT_FOUND;
         return 0;
     }
     actualPath = fromUtf8(*found);
@@ -76,10 +90,14 @@ catch (const std::bad_alloc&)
 DWORD FileSystemService::GetFileAttributesW(const wchar_t* lpFileName)
 try
 {
-    const std::optional<std::string> path = lpFileName == nullptr ? std::nullopt : existingPath(lpFileName);
+    const std::optional<std::string> path = fileOnDisk(lpFileName);
+    if (!path)
+    {
+        return INVALID_FILE_ATTRIBUTES;
+    }
     struct stat status;
     bool isLink = false;
-    if (!path || !statusAt(AT_FDCWD, path->c_str(), status, isLink))
+    if (!statusAt(AT_FDCWD, path->c_str(), status, isLink))
     {
         errno = ERROR_FILE_NOT_FOUND;
         return INVALID_FILE_ATTRIBUTES;
@@ -94,9 +112,13 @@ catch (const std::bad_alloc&)
 BOOL FileSystemService::SetFileAttributesW(const wchar_t* lpFileName, DWORD dwFileAttributes)
 try
 {
-    const std::optional<std::string> path = lpFileName == nullptr ? std::nullopt : existingPath(lpFileName);
+    const std::optional<std::string> path = fileOnDisk(lpFileName);
+    if (!path)
+    {
+        return 0;
+    }
     struct stat status;
-    if (!path || stat(path->c_str(), &status) != 0)
+    if (stat(path->c_str(), &status) != 0)
     {
         errno = ERROR_FILE_NOT_FOUND;
         return 0;

@@ -3,8 +3,10 @@
 #include "unicode.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <dirent.h>
 #include <memory>
+#include <new>
 #include <sys/stat.h>
 
 namespace kest::host
@@ -22,7 +24,7 @@ bool exists(const std::string& path)
 struct Resolution
 {
     std::string path;
-    bool complete;
+    int error; // 0 for a path that exists
 };
 
 Resolution resolve(std::wstring_view path)
@@ -30,9 +32,9 @@ Resolution resolve(std::wstring_view path)
     std::string wanted = posixPath(path);
     if (exists(wanted))
     {
-        return {std::move(wanted), true};
+        return {std::move(wanted), 0};
     }
-    Resolution resolution{wanted.starts_with('/') ? "/" : "", !wanted.empty()};
+    Resolution resolution{wanted.starts_with('/') ? "/" : "", wanted.empty() ? ENOENT : 0};
     std::string_view rest = wanted;
     while (true)
     {
@@ -43,9 +45,12 @@ Resolution resolve(std::wstring_view path)
         }
         const std::string component(rest.substr(0, rest.find('/')));
         rest.remove_prefix(component.size());
-        const std::optional<std::string> entry =
-            resolution.complete ? findEntry(resolution.path, component) : std::nullopt;
-        resolution.complete = entry.has_value();
+        std::optional<std::string> entry;
+        if (resolution.error == 0)
+        {
+            entry = findEntry(resolution.path, component);
+            resolution.error = entry ? 0 : errno;
+        }
         if (!resolution.path.empty() && resolution.path.back() != '/')
         {
             resolution.path += '/';
@@ -74,6 +79,12 @@ std::optional<std::string> findEntry(const std::string& folder, const std::strin
     const std::unique_ptr<DIR, int (*)(DIR*)> stream(opendir(folder.empty() ? "." : folder.c_str()), closedir);
     if (stream == nullptr)
     {
+        if (errno == ENOMEM)
+        {
+            throw std::bad_alloc();
+        }
+        // What is no folder, or does not show its entries, has none that bears the name in other letters.
+        errno = errno == ENOTDIR || errno == EACCES || errno == ENAMETOOLONG || errno == ELOOP ? ENOENT : errno;
         return std::nullopt;
     }
     const std::wstring wanted = folded(fromUtf8(name));
@@ -86,18 +97,30 @@ std::optional<std::string> findEntry(const std::string& folder, const std::strin
             found = candidate;
         }
     }
+    errno = found ? errno : ENOENT;
     return found;
 }
 
 std::optional<std::string> existingPath(std::wstring_view path)
 {
     Resolution resolution = resolve(path);
-    return resolution.complete ? std::optional(std::move(resolution.path)) : std::nullopt;
+    if (resolution.error != 0)
+    {
+        errno = resolution.error;
+        return std::nullopt;
+    }
+    return std::move(resolution.path);
 }
 
-std::string intendedPath(std::wstring_view path)
+std::optional<std::string> intendedPath(std::wstring_view path)
 {
-    return resolve(path).path;
+    Resolution resolution = resolve(path);
+    if (resolution.error != 0 && resolution.error != ENOENT)
+    {
+        errno = resolution.error;
+        return std::nullopt;
+    }
+    return std::move(resolution.path);
 }
 
 } // namespace kest::host

@@ -71,7 +71,8 @@ bool isBare(std::wstring_view name)
     return name.find_first_of(L"/\\") == name.npos;
 }
 
-std::string fileOf(const wchar_t* name)
+// Nothing, with errno set, when it cannot be known which file is meant.
+std::optional<std::string> fileOf(const wchar_t* name)
 {
     if (!isBare(name))
     {
@@ -90,7 +91,8 @@ BOOL refused(int systemError)
 
 std::optional<ProfileFile> read(const wchar_t* name)
 {
-    const std::optional<std::string> content = name == nullptr ? std::nullopt : readRegularFile(fileOf(name));
+    const std::optional<std::string> file = name == nullptr ? std::nullopt : fileOf(name);
+    const std::optional<std::string> content = file ? readRegularFile(*file) : std::nullopt;
     return content ? std::optional<ProfileFile>(*content) : std::nullopt;
 }
 
@@ -286,7 +288,12 @@ try
     {
         return refused(EINVAL);
     }
-    std::string path = fileOf(lpFileName);
+    const std::optional<std::string> file = fileOf(lpFileName);
+    if (!file)
+    {
+        return refused(errno);
+    }
+    std::string path = *file;
     std::string folder = path.substr(0, path.rfind('/') + 1);
     if (isBare(lpFileName) && !makeFolders(folder))
     {
@@ -294,6 +301,10 @@ try
     }
     // A link stays one: what it leads to is replaced.
     const std::unique_ptr<char, decltype(&std::free)> target(realpath(path.c_str(), nullptr), std::free);
+    if (target == nullptr && errno != ENOENT)
+    {
+        return refused(errno);
+    }
     if (target != nullptr)
     {
         path = target.get();
@@ -310,20 +321,20 @@ try
     {
         return refused(errno);
     }
-    ProfileFile file(before.value_or(""));
+    ProfileFile profile(before.value_or(""));
     if (lpKeyName == nullptr)
     {
-        file.removeSection(lpAppName);
+        profile.removeSection(lpAppName);
     }
     else if (lpString == nullptr)
     {
-        file.remove(lpAppName, lpKeyName);
+        profile.remove(lpAppName, lpKeyName);
     }
     else
     {
-        file.set(lpAppName, lpKeyName, lpString);
+        profile.set(lpAppName, lpKeyName, lpString);
     }
-    const std::string after = file.content();
+    const std::string after = profile.content();
     return before == after || replaceFile(path, after) ? 1 : refused(errno);
 }
 catch (const std::bad_alloc&)

@@ -1,6 +1,7 @@
 #include "kest/host/registry_service.h"
 
 #include "kest/registry.h"
+#include "out_parameters.h"
 #include "registry_roots.h"
 #include "registry_store.h"
 #include "text.h"
@@ -121,15 +122,6 @@ LONG storeValue(const Value& value, DWORD* type, BYTE* data, DWORD* bytes)
         std::memcpy(data, value.data.data(), value.data.size());
     }
     return ERROR_SUCCESS;
-}
-
-template <class T>
-void storeIfWanted(T* out, std::int64_t value)
-{
-    if (out != nullptr)
-    {
-        *out = static_cast<T>(value);
-    }
 }
 
 void storeTime(FILETIME* out, std::int64_t seconds)

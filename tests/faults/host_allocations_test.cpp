@@ -1,21 +1,28 @@
 // The reference host's stores without memory: Windows's answer for it, what stands on disk stays, nothing leaks.
 #include "faults/allocation_faults.h"
+#include "harness/in_child.h"
 #include "harness/scoped_variable.h"
 #include "harness/scratch_folder.h"
 #include "harness/sentinel_buffer.h"
+#include "kest/host/dialog_service.h"
 #include "kest/host/file_system_service.h"
 #include "kest/host/profile_service.h"
 #include "kest/host/registry_service.h"
+#include "kest/host/system_service.h"
 #include "kest/registry.h"
 #include "kest/shell_paths.h"
 
+#include <array>
 #include <cerrno>
 #include <cwchar>
+#include <fcntl.h>
 #include <filesystem>
+#include <functional>
 #include <gtest/gtest.h>
 #include <memory>
 #include <optional>
 #include <string>
+#include <unistd.h>
 #include <vector>
 
 namespace
@@ -26,6 +33,8 @@ namespace fs = std::filesystem;
 using kest::host::FileSystemService;
 using kest::host::ProfileService;
 using kest::host::RegistryService;
+using kest::host::SystemService;
+using kest::host::TerminalDialogService;
 
 constexpr int notEnoughMemory = 8;
 
@@ -131,7 +140,19 @@ TEST_F(HostProfiles, AreWrittenWholeOrNotAtAll)
 {
     const auto prepare = [this] { writeOld(); };
     const auto check = [this](bool succeeded) { expectWhole(succeeded); };
+    const std::wstring otherLetters = folder.path().wstring() + L"/Settings.INI";
     expectEveryFailureHandled(std::vector<AllocatingCall>{
+        {.name = "WritePrivateProfileStringW",
+         .call =
+             [&]
+         {
+             return static_cast<long>(
+                 service.WritePrivateProfileStringW(L"Section", L"Key", L"another value", otherLetters.c_str()));
+         },
+         .success = 1,
+         .failure = 0,
+         .check = check,
+         .prepare = prepare},
         {.name = "WritePrivateProfileStringW",
          .call =
              [this] {
@@ -179,9 +200,9 @@ protected:
     void open(RegistryService& registry)
     {
         HKEY* made = nullptr;
-        EXPECT_EQ(registry.RegCreateKeyExW(HKEY_CURRENT_USER, L"Software\\A key of a longer name", 0, nullptr, 0,
-                                           KEY_ALL_ACCESS, nullptr, &made, nullptr),
-                  ERROR_SUCCESS);
+        EXPECT_EQ(
+            registry.RegCreateKeyExW(HKEY_CURRENT_USER, path, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &made, nullptr),
+            ERROR_SUCCESS);
         key = *made;
     }
 
@@ -215,13 +236,17 @@ protected:
     {
         RegistryService fresh((folder.path() / "copy.db").string());
         HKEY opened = nullptr;
-        EXPECT_EQ(fresh.RegOpenKeyExW(HKEY_CURRENT_USER, L"Software\\A key of a longer name", 0, KEY_READ, &opened),
-                  ERROR_SUCCESS);
+        if (fresh.RegOpenKeyExW(HKEY_CURRENT_USER, path, 0, KEY_READ, &opened) != ERROR_SUCCESS)
+        {
+            return "none";
+        }
         BYTE found[100] = {};
         DWORD length = sizeof found;
         const LONG result = fresh.RegQueryValueExW(opened, L"Value", nullptr, nullptr, found, &length);
         return result == ERROR_SUCCESS ? reinterpret_cast<const char*>(found) : "none";
     }
+
+    static constexpr const wchar_t* path = L"Software\\A key of a longer name";
 
     ScratchFolder folder;
     std::optional<Registry> service;
@@ -254,6 +279,19 @@ TEST_F(HostRegistry, KeepsWhatItHasWithoutMemory)
                 }
             }),
         operation(
+            "RegDeleteKeyW", [this] { return service->RegDeleteKeyW(HKEY_CURRENT_USER, path); },
+            [this](bool succeeded) { EXPECT_EQ(valueOnDisk(), succeeded ? "none" : "old data of a value"); }),
+        operation(
+            "RegDeleteKeyExW", [this] { return service->RegDeleteKeyExW(HKEY_CURRENT_USER, path, 0, 0); },
+            [this](bool succeeded) { EXPECT_EQ(valueOnDisk(), succeeded ? "none" : "old data of a value"); }),
+        operation(
+            "RegCreateKeyW", [this] { return service->RegCreateKeyW(key, L"Deeper\\And deeper still", &child); },
+            [this](bool succeeded)
+            {
+                EXPECT_EQ(child != nullptr, succeeded);
+                EXPECT_EQ(valueOnDisk(), "old data of a value");
+            }),
+        operation(
             "RegDeleteValueW", [this] { return service->RegDeleteValueW(key, L"Value"); },
             [this](bool succeeded) { EXPECT_EQ(valueOnDisk(), succeeded ? "none" : "old data of a value"); }),
         operation(
@@ -280,6 +318,27 @@ TEST_F(HostRegistry, AnswersWhatItHasOrItsWantOfMemory)
         operation(
             "RegOpenKeyExW",
             [this] { return service->RegOpenKeyExW(HKEY_CURRENT_USER, L"Software", 0, KEY_READ, &opened); }, stays),
+        operation(
+            "RegOpenKeyW", [this] { return service->RegOpenKeyW(HKEY_CURRENT_USER, path, &opened); }, stays),
+        operation(
+            "RegQueryValueW",
+            [this]
+            {
+                LONG length = sizeof name;
+                return service->RegQueryValueW(HKEY_CURRENT_USER, path, name, &length);
+            },
+            stays),
+        operation(
+            "RegQueryInfoKeyW",
+            [this]
+            {
+                DWORD values = 0;
+                return service->RegQueryInfoKeyW(key, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, &values,
+                                                 nullptr, nullptr, nullptr, nullptr);
+            },
+            stays),
+        operation(
+            "RegEnumKeyW", [this] { return service->RegEnumKeyW(HKEY_CURRENT_USER, 0, name, 100); }, stays),
         operation(
             "RegEnumValueW",
             [this]
@@ -329,7 +388,8 @@ TEST(HostFiles, AreNotFoundWithoutMemory)
     const ScratchFolder folder;
     folder.write("a folder of a longer name/a file of a longer name", "content");
     const std::wstring path = folder.path().wstring() + L"/A FOLDER of a longer name/a file of a longer NAME";
-    const std::wstring pattern = folder.path().wstring() + L"/a folder of a longer name/*.*";
+    const std::wstring pattern = folder.path().wstring() + L"/a folder of a longer NAME/*.*";
+    const ScopedVariable temporary("TMPDIR", "/a folder of a name that is too long to be kept in place");
     FileSystemService service;
     WIN32_FIND_DATAW found;
     HANDLE search = INVALID_HANDLE_VALUE;
@@ -347,17 +407,20 @@ TEST(HostFiles, AreNotFoundWithoutMemory)
          .call = [&] { return static_cast<long>(service.PathFileExistsW(path.c_str(), actual)); },
          .success = 1,
          .failure = 0,
+         .check = tellsWhy,
          .prepare = forget,
          .release = forget},
         {.name = "GetFileAttributesW",
          .call = [&] { return service.GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES ? 1L : 0L; },
          .success = 1,
          .failure = 0,
+         .check = tellsWhy,
          .prepare = forget},
         {.name = "SetFileAttributesW",
          .call = [&] { return static_cast<long>(service.SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL)); },
          .success = 1,
          .failure = 0,
+         .check = tellsWhy,
          .prepare = forget},
         {.name = "FindFirstFileW",
          .call =
@@ -368,6 +431,7 @@ TEST(HostFiles, AreNotFoundWithoutMemory)
          },
          .success = 1,
          .failure = 0,
+         .check = tellsWhy,
          .prepare = forget,
          .release =
              [&]
@@ -384,6 +448,12 @@ TEST(HostFiles, AreNotFoundWithoutMemory)
          .failure = 0,
          .check = tellsWhy,
          .prepare = forget},
+        {.name = "GetTempPathW",
+         .call = [&] { return static_cast<long>(service.GetTempPathW(MAX_PATH, buffer.data())); },
+         .success = 57,
+         .failure = 0,
+         .check = tellsWhy,
+         .prepare = forget},
         {.name = "SHGetFolderPathW",
          .call = [&]
          { return static_cast<long>(service.SHGetFolderPathW(nullptr, CSIDL_FONTS, nullptr, 0, buffer.data())); },
@@ -391,6 +461,196 @@ TEST(HostFiles, AreNotFoundWithoutMemory)
          .failure = E_OUTOFMEMORY,
          .prepare = forget},
     });
+}
+
+TEST(HostFiles, AreNotPassedOverInASearchWithoutMemory)
+{
+    const ScratchFolder folder;
+    const std::wstring name = L"\u00e9 a name that takes memory to be told";
+    folder.write("1", "");
+    folder.write("\u00e9 a name that takes memory to be told", "");
+    FileSystemService service;
+    WIN32_FIND_DATAW found;
+    HANDLE search = INVALID_HANDLE_VALUE;
+    expectEveryFailureHandled(
+        AllocatingCall{.name = "FindNextFileW",
+                       .call = [&] { return static_cast<long>(service.FindNextFileW(search, &found)); },
+                       .success = 1,
+                       .failure = 0,
+                       .check =
+                           [&](bool succeeded)
+                       {
+                           if (!succeeded)
+                           {
+                               EXPECT_EQ(errno, notEnoughMemory);
+                               EXPECT_EQ(service.FindNextFileW(search, &found), 1);
+                           }
+                           EXPECT_EQ(std::wstring(found.cFileName), name);
+                           EXPECT_EQ(service.FindNextFileW(search, &found), 0);
+                       },
+                       .prepare =
+                           [&]
+                       {
+                           search = service.FindFirstFileW((folder.path().wstring() + L"/*").c_str(), &found);
+                           while (std::wstring(found.cFileName) != L"1")
+                           {
+                               ASSERT_EQ(service.FindNextFileW(search, &found), 1);
+                           }
+                       },
+                       .release = [&] { service.FindClose(search); }});
+}
+
+// ---- Numbers and the environment -----------------------------------------------------------------------------------
+
+TEST(HostSystem, AnswersItsWantOfMemory)
+{
+    const ScopedVariable variable("KEST_TEST_VARIABLE", "a value that is long enough for the heap");
+    const std::wstring text = L"%KEST_test_VARIABLE% and what stands behind it";
+    SystemService service;
+    SentinelBuffer<wchar_t, 100> out;
+    std::wstring expanded;
+    expectEveryFailureHandled(std::vector<AllocatingCall>{
+        {.name = "GetNumberFormatW",
+         .call = [&] { return service.GetNumberFormatW(0, 0, L"-12345678901234.567", nullptr, out.data(), 100); },
+         .success = 23,
+         .failure = 0,
+         .check =
+             [&](bool succeeded)
+         {
+             EXPECT_TRUE(succeeded || errno == notEnoughMemory) << errno;
+             EXPECT_TRUE(succeeded || out.contents() == out.untouched());
+         },
+         .prepare =
+             [&]
+         {
+             out = {};
+             errno = 0;
+         }},
+        {.name = "ExpandEnvironmentStringsW",
+         .call =
+             [&]
+         {
+             expanded = service.ExpandEnvironmentStringsW(text);
+             return 1L;
+         },
+         .success = 1,
+         .failure = std::nullopt,
+         .check =
+             [&](bool succeeded) {
+                 EXPECT_EQ(expanded,
+                           succeeded ? L"a value that is long enough for the heap and what stands behind it" : L"");
+             },
+         .prepare = [&] { expanded = std::wstring(); },
+         .release = [&] { expanded = std::wstring(); }},
+    });
+}
+
+// ---- Dialogs and messages ------------------------------------------------------------------------------------------
+
+// Where nobody can be asked.
+int statusUnattended(const std::function<void()>& body)
+{
+    return statusInChild(
+        [&body]
+        {
+            const int nothing = open("/dev/null", O_RDWR);
+            ASSERT_NE(dup2(nothing, STDIN_FILENO), -1);
+            ASSERT_NE(dup2(nothing, STDERR_FILENO), -1);
+            ASSERT_EQ(close(nothing), 0);
+            body();
+        });
+}
+
+TEST(HostDialogs, AnswerTheirWantOfMemoryAndStoreNothing)
+{
+    constexpr int no = 7;
+    constexpr int untouched = -77;
+    TASKDIALOG_BUTTON radios[] = {{101, L"&One"}, {102, L"&Two"}};
+    TASKDIALOGCONFIG dialog = {};
+    dialog.cbSize = sizeof dialog;
+    dialog.pszWindowTitle = L"A title that takes memory";
+    dialog.pszMainInstruction = L"An instruction that takes memory";
+    dialog.dwCommonButtons = 0x02 | 0x04;
+    dialog.nDefaultButton = no;
+    dialog.pRadioButtons = radios;
+    dialog.cRadioButtons = 2;
+    dialog.nDefaultRadioButton = 102;
+    dialog.pszVerificationText = L"A verification that takes memory";
+    TerminalDialogService service;
+    int button = untouched;
+    int radio = untouched;
+    BOOL verified = untouched;
+    EXPECT_EQ(
+        statusUnattended(
+            [&]
+            {
+                expectEveryFailureHandled(std::vector<AllocatingCall>{
+                    {.name = "MessageBoxW",
+                     .call = [&] { return service.MessageBoxW(nullptr, L"A text that takes memory", nullptr, 4); },
+                     .success = 6,
+                     .failure = 0,
+                     .check = [](bool succeeded) { EXPECT_TRUE(succeeded || errno == notEnoughMemory) << errno; }},
+                    {.name = "TaskDialogIndirect",
+                     .call = [&] { return service.TaskDialogIndirect(&dialog, &button, &radio, &verified); },
+                     .success = 0,
+                     .failure = E_OUTOFMEMORY,
+                     .check =
+                         [&](bool succeeded)
+                     {
+                         EXPECT_EQ(button, succeeded ? no : untouched);
+                         EXPECT_EQ(radio, succeeded ? 102 : untouched);
+                         EXPECT_EQ(verified, succeeded ? 0 : untouched);
+                     },
+                     .prepare = [&] { button = radio = verified = untouched; }},
+                });
+            }),
+        0);
+}
+
+TEST(HostMessages, AreSentWithoutMemoryAndPostedWholeOrNotAtAll)
+{
+    TerminalDialogService service;
+    const auto window = reinterpret_cast<HWND>(0x10);
+    std::vector<LPARAM> seen;
+    // More than a function object keeps in place.
+    const std::array<LPARAM, 20> added = {1000};
+    service.registerWindow(window,
+                           [&seen, added](HWND, UINT, WPARAM, LPARAM lParam) -> LRESULT
+                           {
+                               if (lParam >= 0)
+                               {
+                                   seen.push_back(lParam);
+                               }
+                               return lParam + added[0];
+                           });
+    {
+        const FailingAllocation failing(1, FailingAllocation::Extent::thisOneAndAllBehindIt);
+        EXPECT_EQ(service.SendMessageW(window, 1, 0, -1), 999);
+    }
+
+    std::vector<LPARAM> posted;
+    posted.reserve(2000);
+    const auto post = [&](LPARAM message)
+    {
+        const BOOL done = service.PostMessageW(window, 1, 0, message);
+        if (done != 0)
+        {
+            posted.push_back(message);
+        }
+        return done;
+    };
+    {
+        const FailingAllocation failing(1, FailingAllocation::Extent::thisOneAndAllBehindIt);
+        for (LPARAM message = 0; message < 1000; ++message)
+        {
+            EXPECT_TRUE(post(message) == 1 || errno == notEnoughMemory);
+        }
+        EXPECT_TRUE(failing.reached());
+    }
+    EXPECT_LT(posted.size(), 1000U);
+    EXPECT_EQ(post(1000), 1);
+    EXPECT_EQ(service.dispatchPosted(), static_cast<int>(posted.size()));
+    EXPECT_EQ(seen, posted);
 }
 
 } // namespace

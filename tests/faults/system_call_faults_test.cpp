@@ -11,6 +11,7 @@
 #include "kest/companions/kernel.h"
 #include "kest/crt/file_wrappers.h"
 #include "kest/crt/formatted_output.h"
+#include "kest/host/file_system_service.h"
 #include "kest/host/profile_service.h"
 #include "kest/host/registry_service.h"
 #include "kest/kernel.h"
@@ -24,6 +25,7 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <iterator>
 #include <string>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -37,12 +39,14 @@ namespace
 
 using namespace kest::test;
 namespace fs = std::filesystem;
+using kest::host::FileSystemService;
 using kest::host::ProfileService;
 using kest::host::RegistryService;
 
 using Buffer = SentinelBuffer<wchar_t, 4200>;
 
-// What the companions report.
+// What the companions and the host report.
+constexpr int tooManyOpenFiles = 4;
 constexpr int accessDenied = 5;
 constexpr int generalFailure = 31;
 constexpr int diskFull = 112;
@@ -229,6 +233,33 @@ TEST_F(SystemCallFaults, WithoutDescriptorsTheHostsStoresStayAsTheyAre)
     DWORD size = sizeof data;
     EXPECT_EQ(registry.RegQueryValueExW(HKEY_CURRENT_USER, L"Value", nullptr, nullptr, data, &size), ERROR_SUCCESS);
     EXPECT_STREQ(reinterpret_cast<const char*>(data), "old");
+}
+
+TEST_F(SystemCallFaults, WithoutDescriptorsTheHostSaysThatItCannotLook)
+{
+    folder.write("a folder/settings.ini", "[section]\nkey=value\n");
+    const std::wstring otherLetters = folder.path().wstring() + L"/A FOLDER/settings.ini";
+    EXPECT_EQ(statusWithoutDescriptors(
+                  [&]
+                  {
+                      FileSystemService files;
+                      std::wstring actual;
+                      errno = 0;
+                      EXPECT_EQ(files.PathFileExistsW(otherLetters.c_str(), actual), 0);
+                      EXPECT_EQ(errno, tooManyOpenFiles);
+                      errno = 0;
+                      EXPECT_EQ(files.GetFileAttributesW(otherLetters.c_str()), INVALID_FILE_ATTRIBUTES);
+                      EXPECT_EQ(errno, tooManyOpenFiles);
+                      WIN32_FIND_DATAW found;
+                      errno = 0;
+                      EXPECT_EQ(files.FindFirstFileW(L"a folder/*", &found), INVALID_HANDLE_VALUE);
+                      EXPECT_EQ(errno, tooManyOpenFiles);
+                      errno = 0;
+                      EXPECT_EQ(ProfileService().WritePrivateProfileStringW(L"a", L"b", L"c", otherLetters.c_str()), 0);
+                      EXPECT_EQ(errno, tooManyOpenFiles);
+                  }),
+              0);
+    EXPECT_EQ(std::distance(fs::directory_iterator("."), fs::directory_iterator()), 1);
 }
 
 // ---- No processes --------------------------------------------------------------------------------------------------

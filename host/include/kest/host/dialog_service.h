@@ -34,12 +34,12 @@ public:
 
     /** Sets the button (IDOK, IDYES ...) that answers when nobody can be asked; 0 stands for the default button. */
     void setAnswer(int button);
-    /** Messages to a window reach its handler from now on; an empty handler ends that. */
+    /** Messages to a window reach its handler from now on; an empty handler ends that. std::bad_alloc without memory. */
     void registerWindow(HWND window, WindowHandler handler);
     /** Hands posted messages to their windows, in order, those posted meanwhile included; returns their number. */
     int dispatchPosted();
 
-    /** Returns the button; the default one for an unknown kind of box, whose only button is OK. */
+    /** Returns the button; the default one for an unknown kind of box, whose only button is OK; 0 without memory. */
     int MessageBoxW(HWND hWnd, const wchar_t* lpText, const wchar_t* lpCaption, UINT uType) override;
     /** 1 when the window is registered, else 0. */
     BOOL PostMessageW(HWND hWnd, UINT Msg, WPARAM wParam, LPARAM lParam) override;
@@ -47,8 +47,8 @@ public:
     LRESULT SendMessageW(HWND hWnd, UINT Msg, WPARAM wParam, LPARAM lParam) override;
     /**
      * Asks for a button, after that for a radio button where there are any, and for the verification. 0 with the
-     * answers stored where pointers are given; 0x80070057 for a null or wrongly sized record,
-     * or one that counts buttons and has none.
+     * answers stored where pointers are given; 0x80070057 for a null or wrongly sized record, or one that counts
+     * buttons and has none; 0x8007000E without memory, with nothing stored.
      */
     HRESULT TaskDialogIndirect(const TASKDIALOGCONFIG* pTaskConfig, int* pnButton, int* pnRadioButton,
                                BOOL* pfVerificationFlagChecked) override;

@@ -11,6 +11,7 @@
 #include <cstring>
 #include <string>
 #include <sys/stat.h>
+#include <type_traits>
 #include <unistd.h>
 
 namespace kest::benchmarks
@@ -41,7 +42,8 @@ void addPairsFor(const std::string& suffix, const std::wstring& name)
             Name path;
             Name mode;
             return std::fclose(std::fopen(narrowed(path, name), narrowed(mode, L"rb")));
-        });
+        },
+        {}, AllZero());
     addPair(
         "conversions/_waccess" + suffix, target, "setlocale, wcstombs, access",
         [=] { return _waccess(name.c_str(), R_OK); },
@@ -50,7 +52,8 @@ void addPairsFor(const std::string& suffix, const std::wstring& name)
             std::setlocale(LC_CTYPE, "UTF-8");
             Name path;
             return access(narrowed(path, name), R_OK);
-        });
+        },
+        {}, AllZero());
     addPair(
         "conversions/_wstat" + suffix, target, "wcstombs, stat",
         [=]
@@ -63,7 +66,8 @@ void addPairsFor(const std::string& suffix, const std::wstring& name)
             Name path;
             struct stat status;
             return stat(narrowed(path, name), &status);
-        });
+        },
+        {}, AllZero());
 }
 
 } // namespace
@@ -81,13 +85,27 @@ void addConversions()
             std::mbstowcs(out.data(), folder, out.size());
             std::free(folder);
             return out[0];
-        });
+        },
+        {}, [](const wchar_t* ours, wchar_t baseline) { return ours != nullptr && *ours == baseline; });
 
     // Conversion into scratch of a fixed size, which takes 4095 bytes, and into scratch of the text's size.
     const auto growName = [](const std::string& name, auto function)
     {
-        addGrowth(name, "characters", 40,
-                  [=](long length) { return [=, text = absentName(length)] { return function(text.c_str()); }; });
+        addGrowth(
+            name, "characters", 40,
+            [=](long length) { return [=, text = absentName(length)] { return function(text.c_str()); }; }, {},
+            [](auto result)
+            {
+                // No function finds anything under such a name.
+                if constexpr (std::is_pointer_v<decltype(result)>)
+                {
+                    return result == nullptr;
+                }
+                else
+                {
+                    return result == -1;
+                }
+            });
     };
     using Name = const wchar_t*;
     growName("_wfopen", [](Name name) { return _wfopen(name, L"r"); });
@@ -102,36 +120,49 @@ void addConversions()
              });
     growName("_wsetlocale", [](Name name) { return _wsetlocale(LC_NUMERIC, name); });
     growName("_waccess", [](Name name) { return _waccess(name, R_OK); });
-    addGrowth("_waccess, Greek name", "characters", 40,
-              [](long length) { return [text = L"/" + greekText(length)] { return _waccess(text.c_str(), R_OK); }; });
-    addGrowth("_wfullpath", "characters", 10,
-              [](long length)
-              {
-                  return [text = wide(std::string(static_cast<std::size_t>(length), '/')),
-                          out = std::array<wchar_t, 64>()]() mutable
-                  { return _wfullpath(out.data(), text.c_str(), out.size()); };
-              });
-    addGrowth("_wputenv", "characters", 40,
-              [](long length)
-              {
-                  constexpr const char* variable = "KEST_BENCHMARK";
-                  return [text = wide(variable) + L"=" + wideText(length)]
-                  {
-                      const int result = _wputenv(text.c_str());
-                      // The environment keeps a copy of every text that is put there.
-                      char* const copy = std::getenv(variable) - std::strlen(variable) - 1;
-                      unsetenv(variable);
-                      std::free(copy);
-                      return result;
-                  };
-              });
-    addGrowth("_wgetenv", "bytes", 1000,
-              [](long length)
-              {
-                  const std::string variable = "KEST_BENCHMARK_" + std::to_string(length);
-                  setenv(variable.c_str(), narrowText(length).c_str(), 1);
-                  return [name = wide(variable)] { std::free(_wgetenv(name.c_str())); };
-              });
+    addGrowth(
+        "_waccess, Greek name", "characters", 40,
+        [](long length) { return [text = L"/" + greekText(length)] { return _waccess(text.c_str(), R_OK); }; }, {},
+        [](int result) { return result == -1; });
+    addGrowth(
+        "_wfullpath", "characters", 10,
+        [](long length)
+        {
+            return [text = wide(std::string(static_cast<std::size_t>(length), '/')),
+                    out = std::array<wchar_t, 64>()]() mutable
+            { return _wfullpath(out.data(), text.c_str(), out.size()); };
+        },
+        {}, NoneZero());
+    addGrowth(
+        "_wputenv", "characters", 40,
+        [](long length)
+        {
+            constexpr const char* variable = "KEST_BENCHMARK";
+            return [text = wide(variable) + L"=" + wideText(length)]
+            {
+                const int result = _wputenv(text.c_str());
+                // The environment keeps a copy of every text that is put there.
+                char* const copy = std::getenv(variable) - std::strlen(variable) - 1;
+                unsetenv(variable);
+                std::free(copy);
+                return result;
+            };
+        },
+        {}, AllZero());
+    addGrowth(
+        "_wgetenv", "bytes", 1000,
+        [](long length)
+        {
+            const std::string variable = "KEST_BENCHMARK_" + std::to_string(length);
+            setenv(variable.c_str(), narrowText(length).c_str(), 1);
+            return [name = wide(variable)]
+            {
+                wchar_t* const value = _wgetenv(name.c_str());
+                std::free(value);
+                return value != nullptr;
+            };
+        },
+        {}, NoneZero());
 }
 
 } // namespace kest::benchmarks

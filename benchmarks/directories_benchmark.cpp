@@ -15,6 +15,7 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <filesystem>
+#include <stdexcept>
 #include <string>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -77,7 +78,10 @@ std::string treeOfFiles(long count)
 
 void fill(const std::string& folder, long count)
 {
-    mkdir(folder.c_str(), 0755);
+    if (mkdir(folder.c_str(), 0755) != 0)
+    {
+        throw std::runtime_error("cannot make " + folder);
+    }
     for (long file = 0; file < count; ++file)
     {
         close(open((folder + "/file-" + std::to_string(file)).c_str(), O_CREAT | O_WRONLY, 0644));
@@ -101,6 +105,10 @@ std::string folderWithName(long length)
 bool searchFolder(const char* folder, const char* name)
 {
     DIR* const stream = opendir(folder);
+    if (stream == nullptr)
+    {
+        return false;
+    }
     struct stat status;
     bool found = false;
     if (fstatat(dirfd(stream), name, &status, AT_SYMLINK_NOFOLLOW) == 0)
@@ -146,7 +154,7 @@ bool searchEverywhere(const char* name)
     {
         const std::size_t end = std::min(path.find(':', begin), path.size());
         const std::string entry = path.substr(begin, end - begin);
-        if (access(entry.c_str(), F_OK) == 0 && searchFolder(entry.c_str(), name))
+        if (searchFolder(entry.c_str(), name))
         {
             return true;
         }
@@ -155,14 +163,34 @@ bool searchEverywhere(const char* name)
     return false;
 }
 
+// A folder of files, without following anything.
+int removeBare(const char* folder)
+{
+    DIR* const stream = opendir(folder);
+    while (const dirent* const entry = readdir(stream))
+    {
+        if (entry->d_type == DT_REG)
+        {
+            unlinkat(dirfd(stream), entry->d_name, 0);
+        }
+    }
+    closedir(stream);
+    return rmdir(folder);
+}
+
 void addRemovals()
 {
     constexpr long count = 10'000;
     const std::string folder = treeOfFiles(count);
     const Around filled = {[=] { fill(folder, count); }, [] {}, 1};
+    const auto isGone = [=](int ours, int baseline)
+    { return ours == 0 && baseline == 0 && access(folder.c_str(), F_OK) != 0; };
     addPair(
         "directories/DeleteDirectory, 10000 files", target, "rm -rf", [=] { return DeleteDirectory(folder.c_str()); },
-        [=, command = "rm -rf " + folder] { return std::system(command.c_str()); }, filled);
+        [=, command = "rm -rf " + folder] { return std::system(command.c_str()); }, filled, isGone);
+    addPair(
+        "directories/DeleteDirectory, 10000 files, beside bare calls", target, "opendir, readdir, unlinkat, rmdir",
+        [=] { return DeleteDirectory(folder.c_str()); }, [=] { return removeBare(folder.c_str()); }, filled, isGone);
 }
 
 } // namespace
@@ -179,35 +207,43 @@ void addDirectories()
             std::wcstombs(path.data(), name.c_str(), path.size());
             return open(path.data(), O_RDONLY | O_NONBLOCK | O_DIRECTORY | O_CLOEXEC);
         },
-        closingDescriptors());
+        closingDescriptors(), [](BOOL ours, int baseline) { return ours != 0 && baseline >= 0; });
     const std::string made = (scratch().path() / "made").string();
     addPair(
         "directories/CreateDirectoryW, RemoveDirectoryW", target, "mkdir, rmdir",
         [name = wide(made)] { return CreateDirectoryW(name.c_str(), nullptr) + RemoveDirectoryW(name.c_str()); },
-        [=] { return mkdir(made.c_str(), 0755) + rmdir(made.c_str()); });
+        [=] { return mkdir(made.c_str(), 0755) + rmdir(made.c_str()); }, {},
+        [](BOOL ours, int baseline) { return ours == 2 && baseline == 0; });
     addPair(
         "directories/SearchPathW, a folder given", target, "opendir, fstatat, readdir until found, closedir",
         [name = wide(folder), out = std::array<wchar_t, 1024>()]() mutable
         { return SearchPathW(name.c_str(), L"File50.txt", nullptr, 1024, out.data(), nullptr); },
-        [=] { return searchFolder(folder.c_str(), "File50.txt"); });
+        [=] { return searchFolder(folder.c_str(), "File50.txt"); }, {}, NoneZero());
     addPair(
         "directories/SearchPathW, along PATH", target,
-        "readlink, popen, opendir, fstatat, readdir until found, closedir",
+        "readlink, getcwd, popen; opendir, fstatat, readdir until found, closedir",
         [out = std::array<wchar_t, 1024>()]() mutable
         { return SearchPathW(nullptr, L"sh", nullptr, 1024, out.data(), nullptr); },
-        [] { return searchEverywhere("sh"); });
+        [] { return searchEverywhere("sh"); }, {}, NoneZero());
     addRemovals();
 
-    addGrowth("DeleteDirectory", "files", 20,
-              [](long count)
-              {
-                  return [=, name = treeOfFiles(count)]
-                  {
-                      fill(name, count);
-                      return DeleteDirectory(name.c_str());
-                  };
-              },
-              {[] {}, [] {}, 1});
+    // All sizes are filled before any batch: which one it will empty is not known there.
+    constexpr long fewest = 20;
+    const auto fillMissing = [=]
+    {
+        for (const long count : {fewest, fewest * 10, fewest * 100})
+        {
+            const std::string name = treeOfFiles(count);
+            if (access(name.c_str(), F_OK) != 0)
+            {
+                fill(name, count);
+            }
+        }
+    };
+    addGrowth(
+        "DeleteDirectory", "files", fewest,
+        [](long count) { return [name = treeOfFiles(count)] { return DeleteDirectory(name.c_str()); }; },
+        {fillMissing, [] {}, 1}, AllZero());
     // Nearly as deep as a path can lead.
     addGrowth("CreateDirectoryW, DeleteDirectory of nested folders", "folders", 10,
               [](long count)
@@ -245,6 +281,22 @@ void addDirectories()
                   };
               },
               {[] {}, [] { std::filesystem::current_path(scratch().path()); }});
+    addGrowth(
+        "GetTempPathW", "characters", 40,
+        [](long length)
+        {
+            return
+                [folder = "/" + narrowText(length),
+                 before = std::getenv("TMPDIR") == nullptr ? std::string("/tmp") : std::string(std::getenv("TMPDIR")),
+                 out = wideText(length + 3)]() mutable
+            {
+                setenv("TMPDIR", folder.c_str(), 1);
+                const DWORD result = GetTempPathW(static_cast<DWORD>(out.size()), out.data());
+                setenv("TMPDIR", before.c_str(), 1);
+                return result > folder.size() && result < out.size();
+            };
+        },
+        {}, NoneZero());
     addGrowth("getEnvPATH", "entries", 10,
               [](long entries)
               {

@@ -42,7 +42,8 @@ void addFormats()
         addPair(
             "formats/wsprintfW, " + what, target, "swprintf",
             [=, out = Buffer()]() mutable { return wsprintfW(out.data(), windowsFormat, value); },
-            [=, out = Buffer()]() mutable { return std::swprintf(out.data(), out.size(), format, value); });
+            [=, out = Buffer()]() mutable { return std::swprintf(out.data(), out.size(), format, value); }, {},
+            EqualResults());
     };
     addShort("an integer", L"%d", L"%d", 1234567);
     addShort("a hexadecimal number", L"0x%08X", L"0x%08X", 0xC0FFEEu);
@@ -60,11 +61,21 @@ void addFormats()
         [out = Buffer()]() mutable { return _tarswprintf(out.data(), out.size(), L"%d", 1234567); },
         [out = Buffer()]() mutable { return std::swprintf(out.data(), out.size(), L"%d", 1234567); });
 
-    // The C library has no way to count but to try.
     const std::wstring text = wideText(20'000);
+    const auto count = [=]
+    { return withArguments([](va_list arguments) { return _vscwprintf(L"[%s]", arguments); }, text.c_str()); };
     addPair(
-        "formats/_vscwprintf, 20000 characters", target, "swprintf, from 1024 characters doubled until they suffice",
-        [=] { return withArguments([](va_list arguments) { return _vscwprintf(L"[%s]", arguments); }, text.c_str()); },
+        "formats/_vscwprintf, 20000 characters", target, "swprintf into a buffer that suffices", count,
+        [=]
+        {
+            const auto buffer = std::make_unique_for_overwrite<wchar_t[]>(text.size() + 3);
+            return std::swprintf(buffer.get(), text.size() + 3, L"[%ls]", text.c_str()) + 1;
+        },
+        {}, EqualResults());
+    // The C library has no way to count but to try.
+    addPair(
+        "formats/_vscwprintf, 20000 characters, beside trying", target,
+        "swprintf, from 1024 characters doubled until they suffice", count,
         [=]
         {
             int length = -1;
@@ -74,7 +85,8 @@ void addFormats()
                 length = std::swprintf(buffer.get(), size, L"[%ls]", text.c_str());
             }
             return length + 1;
-        });
+        },
+        {}, EqualResults());
 
     const auto growText = [](const std::string& name, long size)
     {

@@ -1,4 +1,5 @@
 #include "families.h"
+#include "pairs.h"
 #include "surroundings.h"
 
 #include <benchmark/benchmark.h>
@@ -33,5 +34,5 @@ int main(int argc, char** argv)
     addHostFiles();
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
-    return 0;
+    return anyCaseFailed() ? 1 : 0;
 }

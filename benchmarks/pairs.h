@@ -15,6 +15,7 @@
 #include <string>
 #include <type_traits>
 #include <utility>
+#include <variant>
 #include <vector>
 
 namespace kest::benchmarks
@@ -28,6 +29,74 @@ struct Around
     // For functions whose traces (files, descriptors) must be cleared away before there are too many.
     long mostCalls = 1L << 20;
 };
+
+// Checks of what operations return: nothing is asked, or numbers and pointers are compared with 0, or ours with the
+// baseline's.
+struct AnyResult
+{
+    template <class... Results>
+    bool operator()(const Results&...) const
+    {
+        return true;
+    }
+};
+struct AllZero
+{
+    template <class... Results>
+    bool operator()(const Results&... results) const
+    {
+        return ((results == 0) && ...);
+    }
+};
+struct NoneZero
+{
+    template <class... Results>
+    bool operator()(const Results&... results) const
+    {
+        return ((results != 0) && ...);
+    }
+};
+struct EqualResults
+{
+    template <class Ours, class Baseline>
+    bool operator()(const Ours& ours, const Baseline& baseline) const
+    {
+        return ours == baseline;
+    }
+};
+
+// Whether a case was skipped over a result that it must not have.
+inline bool& anyCaseFailed()
+{
+    static bool failed = false;
+    return failed;
+}
+
+// An operation that fails looks fast.
+inline void fail(benchmark::State& state)
+{
+    anyCaseFailed() = true;
+    state.SkipWithError("an operation's result is not what it must be");
+}
+
+// What one call returns.
+template <class Operation>
+auto resultOf(Operation& operation, const Around& around)
+{
+    around.before();
+    if constexpr (std::is_void_v<std::invoke_result_t<Operation&>>)
+    {
+        operation();
+        around.after();
+        return std::monostate();
+    }
+    else
+    {
+        const auto result = operation();
+        around.after();
+        return result;
+    }
+}
 
 // Nanoseconds that so many calls take.
 template <class Operation>
@@ -74,10 +143,11 @@ inline double median(std::vector<double> numbers)
 }
 
 // Registers a pair whose operations `prepare` makes, as a std::pair, when the case first runs. The target is the ratio
-// that ours must stay within. The baseline's name says what it is ("wcslen", "open").
-template <class Prepare>
+// that ours must stay within. The baseline's name says what it is ("wcslen", "open"). `check` is called with what either
+// returns before anything is measured, and answers whether both have done their work.
+template <class Prepare, class Check = AnyResult>
 void addPreparedPair(const std::string& name, double target, const std::string& baselineName, Prepare prepare,
-                     const Around& around = {})
+                     const Around& around = {}, Check check = {})
 {
     struct Prepared
     {
@@ -90,10 +160,18 @@ void addPreparedPair(const std::string& name, double target, const std::string& 
         if (!*prepared)
         {
             prepared->emplace(Prepared{prepare(), 0});
-            (*prepared)->calls = callsOfBatch((*prepared)->operations.first, around);
         }
         auto& [operations, calls] = **prepared;
         auto& [ours, baseline] = operations;
+        if (!check(resultOf(ours, around), resultOf(baseline, around)))
+        {
+            fail(state);
+            return;
+        }
+        if (calls == 0)
+        {
+            calls = callsOfBatch(ours, around);
+        }
         std::vector<double> oursTimes;
         std::vector<double> baselineTimes;
         std::vector<double> ratios;
@@ -121,17 +199,19 @@ void addPreparedPair(const std::string& name, double target, const std::string& 
 }
 
 // Registers a pair that needs no preparing.
-template <class Ours, class Baseline>
+template <class Ours, class Baseline, class Check = AnyResult>
 void addPair(const std::string& name, double target, const std::string& baselineName, Ours ours, Baseline baseline,
-             const Around& around = {})
+             const Around& around = {}, Check check = {})
 {
     addPreparedPair(
-        name, target, baselineName, [=] { return std::pair(ours, baseline); }, around);
+        name, target, baselineName, [=] { return std::pair(ours, baseline); }, around, check);
 }
 
-// `prepare` is called with a size and returns the operation on an input of that size.
-template <class Prepare>
-void addGrowth(const std::string& name, const std::string& unit, long size, Prepare prepare, const Around& around = {})
+// `prepare` is called with a size and returns the operation on an input of that size; `check` is called with what each
+// operation returns before anything is measured.
+template <class Prepare, class Check = AnyResult>
+void addGrowth(const std::string& name, const std::string& unit, long size, Prepare prepare, const Around& around = {},
+               Check check = {})
 {
     const auto run = [=](benchmark::State& state)
     {
@@ -142,6 +222,11 @@ void addGrowth(const std::string& name, const std::string& unit, long size, Prep
         times.fill(std::numeric_limits<double>::infinity());
         for (std::size_t step = 0; step < steps; ++step)
         {
+            if (!check(resultOf(operations[step], around)))
+            {
+                fail(state);
+                return;
+            }
             calls[step] = callsOfBatch(operations[step], around);
         }
         for (auto _ : state)

@@ -9,6 +9,7 @@
 #include <fcntl.h>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <unistd.h>
 #include <utility>
 
@@ -33,12 +34,22 @@ std::string lastKey(long count)
     return "SomeLongerKeyName" + std::to_string(count - 1);
 }
 
+std::string valueOf(long key, const std::string& start)
+{
+    return start + std::to_string(key);
+}
+
+std::size_t lengthOfLast(long count)
+{
+    return valueOf(count - 1, "value ").size();
+}
+
 std::string profileOf(long count, const LineEnding& end, const std::string& value = "value ")
 {
     std::string text = std::string("[Settings]") + end.text;
     for (long key = 0; key < count; ++key)
     {
-        text.append(lastKey(key + 1)).append("=").append(value).append(std::to_string(key)).append(end.text);
+        text.append(lastKey(key + 1)).append("=").append(valueOf(key, value)).append(end.text);
     }
     const std::string name = "profile-" + std::to_string(count) + end.name + std::to_string(value.size()) + ".ini";
     return scratch().write(name, text).string();
@@ -69,14 +80,17 @@ void addProfiles()
 {
     const auto addLookUp = [](long count, const LineEnding& end)
     {
-        addPreparedPair("profiles/GetPrivateProfileStringW, last of " + std::to_string(count) + " keys, " + end.name,
-                        target, "open, read, close",
-                        [=]
-                        {
-                            const std::string path = profileOf(count, end);
-                            return std::pair(lookUp(path, wide(lastKey(count))),
-                                             [=] { return readWhole(path.c_str()); });
-                        });
+        addPreparedPair(
+            "profiles/GetPrivateProfileStringW, last of " + std::to_string(count) + " keys, " + end.name, target,
+            "open, read, close",
+            [=]
+            {
+                const std::string path = profileOf(count, end);
+                return std::pair(lookUp(path, wide(lastKey(count))), [=] { return readWhole(path.c_str()); });
+            },
+            {},
+            [length = lengthOfLast(count), end = std::string_view(end.text)](DWORD ours, char baseline)
+            { return ours == length && baseline == end.back(); });
     };
     for (const LineEnding& end : lineEndings)
     {
@@ -86,26 +100,31 @@ void addProfiles()
 
     for (const LineEnding& end : lineEndings)
     {
-        addGrowth(std::string("GetPrivateProfileStringW, last key, ") + end.name, "keys", keys / 100,
-                  [=](long count) { return lookUp(profileOf(count, end), wide(lastKey(count))); });
-        addGrowth(std::string("GetPrivateProfileStringW, missing key, ") + end.name, "keys", keys / 100,
-                  [=](long count) { return lookUp(profileOf(count, end), L"NoSuchKey"); });
+        addGrowth(
+            std::string("GetPrivateProfileStringW, last key, ") + end.name, "keys", keys / 100,
+            [=](long count) { return lookUp(profileOf(count, end), wide(lastKey(count))); }, {}, NoneZero());
+        addGrowth(
+            std::string("GetPrivateProfileStringW, missing key, ") + end.name, "keys", keys / 100,
+            [=](long count) { return lookUp(profileOf(count, end), L"NoSuchKey"); }, {}, AllZero());
     }
     // Values that a search must not skip unread: each could be a name too long.
-    addGrowth("GetPrivateProfileStringW, missing key, long lines", "keys", keys / 1000,
-              [](long count)
-              { return lookUp(profileOf(count, lineEndings[0], std::string(1200, 'v')), L"NoSuchKey"); });
-    addGrowth("read_profile_string, names of all keys", "keys", keys / 100,
-              [](long count)
-              {
-                  return [path = profileOf(count, lineEndings[0]),
-                          out = std::string(static_cast<std::size_t>(count) * 32, '\0')]() mutable
-                  {
-                      std::string section = "Settings";
-                      return read_profile_string(section.data(), nullptr, nullptr, out.data(),
-                                                 static_cast<int>(out.size()), path.data());
-                  };
-              });
+    addGrowth(
+        "GetPrivateProfileStringW, missing key, long lines", "keys", keys / 1000,
+        [](long count) { return lookUp(profileOf(count, lineEndings[0], std::string(1200, 'v')), L"NoSuchKey"); }, {},
+        AllZero());
+    addGrowth(
+        "read_profile_string, names of all keys", "keys", keys / 100,
+        [](long count)
+        {
+            return [path = profileOf(count, lineEndings[0]),
+                    out = std::string(static_cast<std::size_t>(count) * 32, '\0')]() mutable
+            {
+                std::string section = "Settings";
+                return read_profile_string(section.data(), nullptr, nullptr, out.data(), static_cast<int>(out.size()),
+                                           path.data());
+            };
+        },
+        {}, NoneZero());
     addGrowth(
         "host: GetPrivateProfileStringW", "keys", keys / 500,
         [](long count)
@@ -113,7 +132,19 @@ void addProfiles()
             return [service = std::make_shared<host::ProfileService>(), path = wide(profileOf(count, lineEndings[1])),
                     key = wide(lastKey(count)), out = std::array<wchar_t, 256>()]() mutable
             { return service->GetPrivateProfileStringW(L"Settings", key.c_str(), L"", out.data(), 256, path.c_str()); };
-        });
+        },
+        {}, NoneZero());
+    addGrowth(
+        "host: GetPrivateProfileSectionW", "keys", keys / 500,
+        [](long count)
+        {
+            return [service = std::make_shared<host::ProfileService>(), path = wide(profileOf(count, lineEndings[1])),
+                    out = std::wstring(static_cast<std::size_t>(count) * 64, L'\0')]() mutable {
+                return service->GetPrivateProfileSectionW(L"Settings", out.data(), static_cast<DWORD>(out.size()),
+                                                          path.c_str());
+            };
+        },
+        {}, NoneZero());
     addGrowth(
         "host: WritePrivateProfileStringW", "keys", keys / 500,
         [](long count)
@@ -124,7 +155,8 @@ void addProfiles()
                 other = !other;
                 return service->WritePrivateProfileStringW(L"Settings", key.c_str(), other ? L"1" : L"2", path.c_str());
             };
-        });
+        },
+        {}, NoneZero());
 }
 
 } // namespace kest::benchmarks

@@ -151,7 +151,16 @@ void growWideTexts()
     using Out = wchar_t*;
     using In = const wchar_t*;
     growText("lstrlenW", [](Out, In text, int) { return lstrlenW(text); });
-    growText("lstrcmpiW", [](Out out, In text, int) { return lstrcmpiW(out, text); });
+    addGrowth(
+        "lstrcmpiW", "characters", growthLength,
+        [](long length)
+        {
+            // The same but for its case.
+            std::wstring lowered = wideText(length);
+            mapped(lowered.data(), std::towlower);
+            return [=, text = wideText(length)] { return lstrcmpiW(text.c_str(), lowered.c_str()); };
+        },
+        {}, [](int result) { return result == 0; });
     growText("CompareStringW", [](Out out, In text, int size) { return CompareStringW(0, 0, out, size, text, size); });
     growText("CompareStringW, ignoring case",
              [](Out out, In text, int size) { return CompareStringW(0, NORM_IGNORECASE, out, size, text, size); });

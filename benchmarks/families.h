@@ -19,5 +19,6 @@ void addGeometry();
 void addStringObjects();
 void addRegistry();
 void addHostFiles();
+void addCompanions();
 
 } // namespace kest::benchmarks

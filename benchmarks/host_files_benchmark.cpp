@@ -1,6 +1,7 @@
 // The reference host's find operations beside readdir and stat.
 #include "families.h"
 #include "kest/kernel/files.h"
+#include "kest/shell_paths.h"
 #include "pairs.h"
 #include "surroundings.h"
 
@@ -57,6 +58,28 @@ void addHostFiles()
                     });
     addGrowth("FindFirstFileW walk", "entries", 20,
               [](long count) { return [pattern = wide(folderOfFiles(count)) + L"/*"] { return walk(pattern); }; });
+    addGrowth(
+        "host: PathFileExistsW, a name in another case", "files in the folder", 20,
+        [](long count)
+        {
+            return [name = wide(folderOfFiles(count)) + L"/FILE" + std::to_wstring(count - 1) + L".TXT"]
+            { return PathFileExistsW(name.c_str()); };
+        },
+        {}, NoneZero());
+    // What is written can have 259 characters: the paths part at their ends.
+    addGrowth(
+        "host: PathRelativePathToW", "components", 10,
+        [](long count)
+        {
+            std::wstring folder;
+            for (long component = 0; component < count; ++component)
+            {
+                folder += L"/f";
+            }
+            return [from = folder + L"/from", to = folder + L"/to", out = std::wstring(MAX_PATH, L'\0')]() mutable
+            { return PathRelativePathToW(out.data(), from.c_str(), FILE_ATTRIBUTE_DIRECTORY, to.c_str(), 0); };
+        },
+        {}, NoneZero());
 }
 
 } // namespace kest::benchmarks

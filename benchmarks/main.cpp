@@ -32,6 +32,7 @@ int main(int argc, char** argv)
     addStringObjects();
     addRegistry();
     addHostFiles();
+    addCompanions();
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
     return anyCaseFailed() ? 1 : 0;

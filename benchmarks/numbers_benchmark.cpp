@@ -1,6 +1,7 @@
 // Number conversions beside the C library's.
 #include "families.h"
 #include "kest/crt/numbers.h"
+#include "kest/kernel/locale.h"
 #include "pairs.h"
 
 #include <array>
@@ -68,6 +69,15 @@ void addNumbers()
     growDigits("_wtol", L"", _wtol);
     growDigits("_wtoi64", L"", _wtoi64);
     growDigits("_wtof", L"0.", _wtof);
+    addGrowth(
+        "GetNumberFormatW", "digits", 100,
+        [](long length)
+        {
+            return [text = std::wstring(static_cast<std::size_t>(length), L'7'),
+                    out = std::wstring(static_cast<std::size_t>(length) * 2, L'\0')]() mutable
+            { return GetNumberFormatW(0, 0, text.c_str(), nullptr, out.data(), static_cast<int>(out.size())); };
+        },
+        {}, NoneZero());
 }
 
 } // namespace kest::benchmarks

@@ -179,6 +179,18 @@ void addRegistry()
                                               &size);
                   };
               });
+    addGrowth(
+        "RegSetValueExW", "bytes", 10'000,
+        [](long bytes)
+        {
+            const HKEY key = created(L"Set" + std::to_wstring(bytes));
+            return [=, data = std::string(static_cast<std::size_t>(bytes), 'x')]
+            {
+                return RegSetValueExW(key, L"Data", 0, REG_BINARY, reinterpret_cast<const BYTE*>(data.data()),
+                                      static_cast<DWORD>(data.size()));
+            };
+        },
+        {}, AllZero());
 }
 
 } // namespace kest::benchmarks

@@ -61,10 +61,11 @@ def read_notes(path):
 
 
 def note_on(case, notes):
-    return next((why for pattern, why in notes if fnmatch.fnmatchcase(case, pattern)), "not explained yet.")
+    return next((why for pattern, why in notes if fnmatch.fnmatchcase(case, pattern)), None)
 
 
 def write_pairs(page, cases, notes):
+    """Returns the cases that miss their target without a note that says why."""
     families = collections.defaultdict(list)
     for name, runs in cases.items():
         if not name.startswith("growth/"):
@@ -92,7 +93,10 @@ def write_pairs(page, cases, notes):
     reasons = collections.defaultdict(list)
     for case in missed:
         reasons[note_on(case, notes)].append(case)
+    unexplained = reasons.pop(None, [])
     page.writelines(f"- {'; '.join(members)}: {why}\n" for why, members in reasons.items())
+    page.writelines(f"- {case}: not explained.\n" for case in unexplained)
+    return unexplained
 
 
 def write_growth(page, cases, notes):
@@ -132,8 +136,13 @@ def main():
             f"{datetime.date.today():%Y-%m-%d}, {processor()}, {context['num_cpus']} processors, "
             f"{platform.system()} {platform.release()}, {platform.libc_ver()[0]} {platform.libc_ver()[1]}, GCC -O2, "
             f"scratch files in {context.get('scratch', 'a temporary folder')}.\n")
-        write_pairs(page, cases, notes)
+        unexplained = write_pairs(page, cases, notes)
         write_growth(page, cases, notes)
+    faults = [f"{case} misses its target, and {options.notes} does not say why" for case in unexplained]
+    faults += [f"{options.notes} has a note on {pattern}, and there is no such case" for pattern, _ in notes
+               if not fnmatch.filter(cases, pattern)]
+    if faults:
+        sys.exit(f"{options.output} is written, but:\n" + "\n".join(faults))
 
 
 main()

@@ -109,13 +109,17 @@ std::optional<Number> rounded(std::wstring_view text, std::size_t digits)
 std::wstring grouped(const std::wstring& whole, const Format& format)
 {
     // 32 stands for a first group of three and groups of two behind it.
-    std::size_t size = format.grouping == 32 ? 3 : format.grouping;
-    std::wstring result = whole;
-    for (std::size_t at = whole.size(); size > 0 && at > size;)
+    const std::size_t last = format.grouping == 32 ? 3 : format.grouping;
+    const std::size_t others = format.grouping == 32 ? 2 : format.grouping;
+    std::wstring result;
+    for (std::size_t at = 0; at < whole.size(); ++at)
     {
-        at -= size;
-        result.insert(at, format.thousands);
-        size = format.grouping == 32 ? 2 : size;
+        const std::size_t behind = whole.size() - at;
+        if (at > 0 && last > 0 && behind >= last && (behind - last) % others == 0)
+        {
+            result += format.thousands;
+        }
+        result += whole[at];
     }
     return result;
 }

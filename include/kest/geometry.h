@@ -212,7 +212,7 @@ public:
     KEST_API CPoint& operator+=(POINT point);
     KEST_API CPoint& operator-=(POINT point);
 
-    /** The sum or difference, field by field: a point with a size, a point with a point; two points differ by a size. */
+    /** The sum or difference, field by field: a point with a size or with a point; two points differ by a size. */
     KEST_API CPoint operator+(SIZE size) const;
     KEST_API CPoint operator-(SIZE size) const;
     KEST_API CPoint operator+(POINT point) const;

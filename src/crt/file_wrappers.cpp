@@ -51,6 +51,13 @@ Allocation<wchar_t> workingDirectoryCopy(const char* directory, std::size_t byte
     return copy;
 }
 
+// What the kernel answers for a null path. The C library's declarations forbid to hand it one.
+int refuseNullPath()
+{
+    errno = EFAULT;
+    return -1;
+}
+
 } // namespace
 
 // ---- Files -----------------------------------------------------------------------------------------------------
@@ -96,22 +103,25 @@ int _wremove(const wchar_t* path)
 {
     const std::size_t size = std::wcslen(path) + 1;
     const std::unique_ptr<char[]> name(new (std::nothrow) char[size]);
-    if (name != nullptr)
+    if (name == nullptr)
     {
-        narrowIntoScratch(name.get(), path, size);
+        return refuseNullPath();
     }
+    narrowIntoScratch(name.get(), path, size);
     return std::remove(name.get());
 }
 
 int _waccess(const wchar_t* path, int mode)
 {
     kest::setCharacterTypeToUtf8();
-    return access(WholeNarrowText(path).c_str(), mode);
+    const WholeNarrowText name(path);
+    return name.c_str() == nullptr ? refuseNullPath() : access(name.c_str(), mode);
 }
 
 int _wstat(const wchar_t* path, struct stat* record)
 {
-    return stat(WholeNarrowText(path).c_str(), record);
+    const WholeNarrowText name(path);
+    return name.c_str() == nullptr ? refuseNullPath() : stat(name.c_str(), record);
 }
 
 long _filelength(int fd)

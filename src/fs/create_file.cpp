@@ -16,13 +16,15 @@ constexpr DWORD readOnlyShare = 0x40;
 
 struct Request
 {
+    const char* path;
     DWORD share;
     DWORD disposition;
     bool read;
     bool write;
-    // What access() says of the desired access, and of reading and writing together.
+    // What access() says of the desired access.
     bool permitted;
-    bool readableAndWritable;
+
+    bool readableAndWritable() const { return read && write ? permitted : ::access(path, R_OK | W_OK) == 0; }
 };
 
 // The mode in which the stream is opened; null when the request is refused.
@@ -34,7 +36,7 @@ const char* chooseMode(const Request& request)
     switch (request.disposition)
     {
     case CREATE_NEW:
-        return request.readableAndWritable ? nullptr : createNew;
+        return request.readableAndWritable() ? nullptr : createNew;
     case CREATE_ALWAYS:
         return createNew;
     case OPEN_EXISTING:
@@ -44,13 +46,13 @@ const char* chooseMode(const Request& request)
         }
         return !request.write && request.share != 0 ? readOnly : readWrite;
     case OPEN_ALWAYS:
-        if (!request.readableAndWritable)
+        if (!request.readableAndWritable())
         {
             return createNew;
         }
         return !request.write && request.share == readOnlyShare ? readOnly : readWrite;
     case TRUNCATE_EXISTING:
-        return request.readableAndWritable && request.write ? createNew : nullptr;
+        return request.write && request.readableAndWritable() ? createNew : nullptr;
     default:
         return nullptr;
     }
@@ -98,9 +100,7 @@ HANDLE CreateFileW(const wchar_t* name, DWORD access, DWORD share, SECURITY_ATTR
     {
         return INVALID_HANDLE_VALUE;
     }
-    const bool readableAndWritable = read && write ? permitted : ::access(path.c_str(), R_OK | W_OK) == 0;
-
-    const char* const mode = chooseMode({share, disposition, read, write, permitted, readableAndWritable});
+    const char* const mode = chooseMode({path.c_str(), share, disposition, read, write, permitted});
     std::FILE* const stream = mode != nullptr ? std::fopen(path.c_str(), mode) : nullptr;
     if (stream == nullptr)
     {

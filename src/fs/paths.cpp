@@ -1,4 +1,5 @@
 #include "kest/shell_paths.h"
+#include "support/last_error.h"
 #include "support/out_of_memory.h"
 #include "support/text.h"
 
@@ -100,6 +101,7 @@ wchar_t* PathCombineW(wchar_t* destination, const wchar_t* directory, const wcha
 
 BOOL PathMatchSpecW(const wchar_t* file, const wchar_t* pattern)
 {
+    const kest::KeptLastError keep;
     const kest::NarrowText narrowFile(file);
     const kest::FixedNarrowText<patternSize> narrowPattern(pattern);
     return fnmatch(narrowPattern.c_str(), narrowFile.c_str(), FNM_CASEFOLD) == 0;

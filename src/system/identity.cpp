@@ -1,4 +1,5 @@
 #include "kest/kernel/environment.h"
+#include "support/last_error.h"
 #include "support/text.h"
 
 #include <cerrno>
@@ -39,6 +40,7 @@ BOOL GetUserNameW(wchar_t* out, DWORD* size)
 
 BOOL GetComputerNameW(wchar_t* out, DWORD*)
 {
+    const kest::KeptLastError keep;
     constexpr std::size_t nameSize = 256;
     char name[nameSize] = {};
     gethostname(name, sizeof name);

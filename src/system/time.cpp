@@ -1,4 +1,5 @@
 #include "kest/kernel/time.h"
+#include "support/last_error.h"
 
 #include <cstdint>
 #include <ctime>
@@ -17,9 +18,12 @@ std::uint64_t monotonicMilliseconds()
     return static_cast<std::uint64_t>(now.tv_sec) * 1000 + static_cast<std::uint64_t>(now.tv_nsec) / 1'000'000;
 }
 
+// What breaks times down and puts them together looks for the time zone's file, and leaves in errno that there is none.
+
 // localtime, but into storage of the caller's own. Of the two only localtime looks at TZ by itself.
 bool breakDownLocally(std::time_t seconds, std::tm& parts)
 {
+    const kest::KeptLastError keep;
     tzset();
     return localtime_r(&seconds, &parts) != nullptr;
 }
@@ -83,6 +87,7 @@ void GetSystemTime(SYSTEMTIME* st)
     {
         return;
     }
+    const kest::KeptLastError keep;
     const std::time_t now = std::time(nullptr);
     std::tm parts = {};
     if (gmtime_r(&now, &parts) == nullptr)
@@ -119,6 +124,7 @@ BOOL SystemTimeToFileTime(const SYSTEMTIME* st, FILETIME* ft)
     {
         return 0;
     }
+    const kest::KeptLastError keep;
     std::tm parts = {};
     parts.tm_sec = st->wSecond;
     parts.tm_min = st->wMinute;

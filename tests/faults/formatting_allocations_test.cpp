@@ -228,7 +228,7 @@ TEST_F(FormattingAllocations, WriteNoLongNumbers)
 TEST_F(FormattingAllocations, CutWholeTextsOrNone)
 {
     wchar_t* const out = wide.data();
-    const auto row = [this, out](const char* name, long success, std::wstring result, std::function<long()> call)
+    const auto row = [this](const char* name, long success, std::wstring result, std::function<long()> call)
     {
         return AllocatingCall{.name = name,
                               .call = std::move(call),

@@ -5,6 +5,7 @@
 #include "kest/kernel/files.h"
 
 #include <cerrno>
+#include <cstdarg>
 #include <cstdio>
 #include <fcntl.h>
 #include <functional>
@@ -14,10 +15,33 @@
 #include <sys/file.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <sys/un.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <vector>
+
+namespace
+{
+
+// Whether asking for record locks fails, as it does on file systems that have none.
+bool failLockQueries = false;
+
+} // namespace
+
+extern "C" KEST_API int fcntl(int descriptor, int command, ...)
+{
+    va_list arguments;
+    va_start(arguments, command);
+    void* const argument = va_arg(arguments, void*);
+    va_end(arguments);
+    if (failLockQueries && command == F_GETLK)
+    {
+        errno = ENOLCK;
+        return -1;
+    }
+    return static_cast<int>(syscall(SYS_fcntl, descriptor, command, argument));
+}
 
 namespace
 {
@@ -65,6 +89,89 @@ std::string modeOf(HANDLE handle)
     }
 }
 
+// A process that holds a lock on "locked" until the object is destroyed, or the test program ends.
+class LockHolder
+{
+public:
+    explicit LockHolder(const std::function<bool(int)>& lock)
+    {
+        int ready[2];
+        int release[2];
+        if (pipe(ready) != 0 || pipe(release) != 0)
+        {
+            throw std::runtime_error("no pipe");
+        }
+        child_ = fork();
+        if (child_ == 0)
+        {
+            close(ready[0]);
+            close(release[1]);
+            hold(lock, ready[1], release[0]);
+        }
+        close(ready[1]);
+        close(release[0]);
+        release_ = release[1];
+        char locked = 'n';
+        const bool answered = child_ != -1 && read(ready[0], &locked, 1) == 1;
+        close(ready[0]);
+        if (!answered || locked != 'y')
+        {
+            end();
+            throw std::runtime_error("no lock");
+        }
+    }
+    ~LockHolder() { end(); }
+    LockHolder(const LockHolder&) = delete;
+    LockHolder& operator=(const LockHolder&) = delete;
+
+private:
+    // The child's part: ends when the other side of `release` is closed.
+    [[noreturn]] static void hold(const std::function<bool(int)>& lock, int ready, int release)
+    {
+        const int descriptor = open("locked", O_RDWR);
+        char locked = descriptor != -1 && lock(descriptor) ? 'y' : 'n';
+        const bool told = write(ready, &locked, 1) == 1;
+        _exit(told && read(release, &locked, 1) == 0 ? 0 : 1);
+    }
+
+    void end() const
+    {
+        close(release_);
+        if (child_ != -1)
+        {
+            waitpid(child_, nullptr, 0);
+        }
+    }
+
+    pid_t child_ = -1;
+    int release_ = -1;
+};
+
+bool lockRange(int descriptor, short type, off_t start, off_t length)
+{
+    struct flock range = {};
+    range.l_type = type;
+    range.l_whence = SEEK_SET;
+    range.l_start = start;
+    range.l_len = length;
+    return fcntl(descriptor, F_SETLK, &range) == 0;
+}
+
+struct LockKind
+{
+    const char* name;
+    std::function<bool(int)> take;
+};
+
+const std::vector<LockKind> lockKinds = {
+    {"write lock on the whole file", [](int descriptor) { return lockRange(descriptor, F_WRLCK, 0, 0); }},
+    {"read lock on the whole file", [](int descriptor) { return lockRange(descriptor, F_RDLCK, 0, 0); }},
+    {"write lock on one byte beyond the end",
+     [](int descriptor) { return lockRange(descriptor, F_WRLCK, 1000000, 1); }},
+    {"exclusive flock", [](int descriptor) { return flock(descriptor, LOCK_EX) == 0; }},
+    {"shared flock", [](int descriptor) { return flock(descriptor, LOCK_SH) == 0; }},
+};
+
 struct Decision
 {
     DWORD disposition;
@@ -77,6 +184,10 @@ struct Decision
     const char* readOnly;
     const char* writeOnly;
     const char* directory;
+    // Likewise of files that another process has locked: one to read and write, one to write only. "x" is a sharing
+    // violation, "xw" one after which the file is empty.
+    const char* locked;
+    const char* lockedWriteOnly;
 };
 
 const std::vector<DWORD> anyShare = {0, FILE_SHARE_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, 0x40, 0x41};
@@ -86,39 +197,39 @@ const std::vector<DWORD> exactly40 = {0x40};
 const std::vector<DWORD> notExactly40 = {0, FILE_SHARE_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, 0x41};
 
 const std::vector<Decision> decisions = {
-    // disposition, access, shares, absent, file, read-only, write-only, directory
-    {CREATE_NEW, 0, anyShare, "w", "-", "-", "w", "-"},
-    {CREATE_NEW, readAccess, anyShare, "w+", "-", "-", "-", "-"},
-    {CREATE_NEW, writeAccess, anyShare, "w", "-", "-", "w", "-"},
-    {CREATE_NEW, readWriteAccess, anyShare, "w+", "-", "-", "-", "-"},
+    // disposition, access, shares, absent, file, read-only, write-only, directory, locked, locked write-only
+    {CREATE_NEW, 0, anyShare, "w", "-", "-", "w", "-", "-", "w"},
+    {CREATE_NEW, readAccess, anyShare, "w+", "-", "-", "-", "-", "-", "-"},
+    {CREATE_NEW, writeAccess, anyShare, "w", "-", "-", "w", "-", "-", "xw"},
+    {CREATE_NEW, readWriteAccess, anyShare, "w+", "-", "-", "-", "-", "-", "-"},
 
-    {CREATE_ALWAYS, 0, anyShare, "w", "w", "-", "w", "-"},
-    {CREATE_ALWAYS, readAccess, anyShare, "w+", "w+", "-", "-", "-"},
-    {CREATE_ALWAYS, writeAccess, anyShare, "w", "w", "-", "w", "-"},
-    {CREATE_ALWAYS, readWriteAccess, anyShare, "w+", "w+", "-", "-", "-"},
+    {CREATE_ALWAYS, 0, anyShare, "w", "w", "-", "w", "-", "w", "w"},
+    {CREATE_ALWAYS, readAccess, anyShare, "w+", "w+", "-", "-", "-", "xw", "-"},
+    {CREATE_ALWAYS, writeAccess, anyShare, "w", "w", "-", "w", "-", "xw", "xw"},
+    {CREATE_ALWAYS, readWriteAccess, anyShare, "w+", "w+", "-", "-", "-", "xw", "-"},
 
-    {OPEN_EXISTING, 0, noShare, "-", "r+", "-", "-", "-"},
-    {OPEN_EXISTING, 0, someShare, "-", "r", "r", "-", "-"},
-    {OPEN_EXISTING, readAccess, noShare, "-", "r+", "-", "-", "-"},
-    {OPEN_EXISTING, readAccess, someShare, "-", "r", "r", "-", "-"},
-    {OPEN_EXISTING, writeAccess, anyShare, "-", "r+", "-", "-", "-"},
-    {OPEN_EXISTING, readWriteAccess, anyShare, "-", "r+", "-", "-", "-"},
+    {OPEN_EXISTING, 0, noShare, "-", "r+", "-", "-", "-", "r+", "-"},
+    {OPEN_EXISTING, 0, someShare, "-", "r", "r", "-", "-", "r", "-"},
+    {OPEN_EXISTING, readAccess, noShare, "-", "r+", "-", "-", "-", "x", "-"},
+    {OPEN_EXISTING, readAccess, someShare, "-", "r", "r", "-", "-", "x", "-"},
+    {OPEN_EXISTING, writeAccess, anyShare, "-", "r+", "-", "-", "-", "x", "-"},
+    {OPEN_EXISTING, readWriteAccess, anyShare, "-", "r+", "-", "-", "-", "x", "-"},
 
-    {OPEN_ALWAYS, 0, exactly40, "w", "r", "-", "w", "-"},
-    {OPEN_ALWAYS, 0, notExactly40, "w", "r+", "-", "w", "-"},
-    {OPEN_ALWAYS, readAccess, exactly40, "w+", "r", "-", "-", "-"},
-    {OPEN_ALWAYS, readAccess, notExactly40, "w+", "r+", "-", "-", "-"},
-    {OPEN_ALWAYS, writeAccess, anyShare, "w", "r+", "-", "w", "-"},
-    {OPEN_ALWAYS, readWriteAccess, anyShare, "w+", "r+", "-", "-", "-"},
+    {OPEN_ALWAYS, 0, exactly40, "w", "r", "-", "w", "-", "r", "w"},
+    {OPEN_ALWAYS, 0, notExactly40, "w", "r+", "-", "w", "-", "r+", "w"},
+    {OPEN_ALWAYS, readAccess, exactly40, "w+", "r", "-", "-", "-", "x", "-"},
+    {OPEN_ALWAYS, readAccess, notExactly40, "w+", "r+", "-", "-", "-", "x", "-"},
+    {OPEN_ALWAYS, writeAccess, anyShare, "w", "r+", "-", "w", "-", "x", "xw"},
+    {OPEN_ALWAYS, readWriteAccess, anyShare, "w+", "r+", "-", "-", "-", "x", "-"},
 
-    {TRUNCATE_EXISTING, 0, anyShare, "-", "-", "-", "-", "-"},
-    {TRUNCATE_EXISTING, readAccess, anyShare, "-", "-", "-", "-", "-"},
-    {TRUNCATE_EXISTING, writeAccess, anyShare, "-", "w", "-", "-", "-"},
-    {TRUNCATE_EXISTING, readWriteAccess, anyShare, "-", "w+", "-", "-", "-"},
+    {TRUNCATE_EXISTING, 0, anyShare, "-", "-", "-", "-", "-", "-", "-"},
+    {TRUNCATE_EXISTING, readAccess, anyShare, "-", "-", "-", "-", "-", "-", "-"},
+    {TRUNCATE_EXISTING, writeAccess, anyShare, "-", "w", "-", "-", "-", "xw", "-"},
+    {TRUNCATE_EXISTING, readWriteAccess, anyShare, "-", "w+", "-", "-", "-", "xw", "-"},
 
-    {0, readWriteAccess, anyShare, "-", "-", "-", "-", "-"},
-    {6, readWriteAccess, anyShare, "-", "-", "-", "-", "-"},
-    {0xFFFFFFFF, readWriteAccess, anyShare, "-", "-", "-", "-", "-"},
+    {0, readWriteAccess, anyShare, "-", "-", "-", "-", "-", "-", "-"},
+    {6, readWriteAccess, anyShare, "-", "-", "-", "-", "-", "-", "-"},
+    {0xFFFFFFFF, readWriteAccess, anyShare, "-", "-", "-", "-", "-", "-", "-"},
 };
 
 // A folder in which an ordinary user may make files, whoever runs the test.
@@ -135,6 +246,26 @@ void makeFile(const std::string& name, mode_t mode)
     ASSERT_EQ(write(descriptor, "content", 7), 7);
     ASSERT_EQ(close(descriptor), 0);
     ASSERT_EQ(chmod(name.c_str(), mode), 0);
+}
+
+std::string outcomeOfLocked(const Decision& row, DWORD share, mode_t mode)
+{
+    makeFile("locked", 0600);
+    std::string outcome;
+    {
+        const LockHolder holder(lockKinds.front().take);
+        EXPECT_EQ(chmod("locked", mode), 0);
+        errno = 0;
+        outcome = modeOf(create(L"locked", row.access, share, row.disposition));
+        if (outcome == "-" && errno == ERROR_SHARING_VIOLATION)
+        {
+            struct stat status = {};
+            EXPECT_EQ(stat("locked", &status), 0);
+            outcome = status.st_size == 0 ? "xw" : "x";
+        }
+    }
+    unlink("locked");
+    return outcome;
 }
 
 void expectDecision(const Decision& row, DWORD share)
@@ -158,6 +289,9 @@ void expectDecision(const Decision& row, DWORD share)
     makeFile("write-only", 0200);
     EXPECT_EQ(outcome(L"write-only"), row.writeOnly) << what << ", write-only";
     unlink("write-only");
+
+    EXPECT_EQ(outcomeOfLocked(row, share, 0600), row.locked) << what << ", locked";
+    EXPECT_EQ(outcomeOfLocked(row, share, 0200), row.lockedWriteOnly) << what << ", locked and write-only";
 
     EXPECT_EQ(outcome(L"directory"), row.directory) << what << ", directory";
     EXPECT_EQ(outcome(L"link to directory"), row.directory) << what << ", link to directory";
@@ -266,89 +400,6 @@ TEST(CreateFile, KeepsNoDescriptorAfterClosing)
     EXPECT_EQ(openDescriptorCount(), before);
 }
 
-// A process that holds a lock on "locked" until the object is destroyed, or the test program ends.
-class LockHolder
-{
-public:
-    explicit LockHolder(const std::function<bool(int)>& lock)
-    {
-        int ready[2];
-        int release[2];
-        if (pipe(ready) != 0 || pipe(release) != 0)
-        {
-            throw std::runtime_error("no pipe");
-        }
-        child_ = fork();
-        if (child_ == 0)
-        {
-            close(ready[0]);
-            close(release[1]);
-            hold(lock, ready[1], release[0]);
-        }
-        close(ready[1]);
-        close(release[0]);
-        release_ = release[1];
-        char locked = 'n';
-        const bool answered = child_ != -1 && read(ready[0], &locked, 1) == 1;
-        close(ready[0]);
-        if (!answered || locked != 'y')
-        {
-            end();
-            throw std::runtime_error("no lock");
-        }
-    }
-    ~LockHolder() { end(); }
-    LockHolder(const LockHolder&) = delete;
-    LockHolder& operator=(const LockHolder&) = delete;
-
-private:
-    // The child's part: ends when the other side of `release` is closed.
-    [[noreturn]] static void hold(const std::function<bool(int)>& lock, int ready, int release)
-    {
-        const int descriptor = open("locked", O_RDWR);
-        char locked = descriptor != -1 && lock(descriptor) ? 'y' : 'n';
-        const bool told = write(ready, &locked, 1) == 1;
-        _exit(told && read(release, &locked, 1) == 0 ? 0 : 1);
-    }
-
-    void end() const
-    {
-        close(release_);
-        if (child_ != -1)
-        {
-            waitpid(child_, nullptr, 0);
-        }
-    }
-
-    pid_t child_ = -1;
-    int release_ = -1;
-};
-
-bool lockRange(int descriptor, short type, off_t start, off_t length)
-{
-    struct flock range = {};
-    range.l_type = type;
-    range.l_whence = SEEK_SET;
-    range.l_start = start;
-    range.l_len = length;
-    return fcntl(descriptor, F_SETLK, &range) == 0;
-}
-
-struct LockKind
-{
-    const char* name;
-    std::function<bool(int)> take;
-};
-
-const std::vector<LockKind> lockKinds = {
-    {"write lock on the whole file", [](int descriptor) { return lockRange(descriptor, F_WRLCK, 0, 0); }},
-    {"read lock on the whole file", [](int descriptor) { return lockRange(descriptor, F_RDLCK, 0, 0); }},
-    {"write lock on one byte beyond the end",
-     [](int descriptor) { return lockRange(descriptor, F_WRLCK, 1000000, 1); }},
-    {"exclusive flock", [](int descriptor) { return flock(descriptor, LOCK_EX) == 0; }},
-    {"shared flock", [](int descriptor) { return flock(descriptor, LOCK_SH) == 0; }},
-};
-
 TEST(CreateFile, RefusesAFileThatAnotherProcessHasLocked)
 {
     const ScratchFolder folder;
@@ -371,6 +422,38 @@ TEST(CreateFile, RefusesAFileThatAnotherProcessHasLocked)
         EXPECT_EQ(folder.read("locked"), "content");
         EXPECT_EQ(openDescriptorCount(), before);
     }
+}
+
+TEST(CreateFile, AsksForTheOtherLockWhereRecordLocksCannotBeAskedFor)
+{
+    const ScratchFolder folder;
+    folder.write("locked", "content");
+    failLockQueries = true;
+    {
+        const LockHolder holder([](int descriptor) { return lockRange(descriptor, F_WRLCK, 0, 0); });
+        EXPECT_EQ(modeOf(create(L"locked", readAccess, FILE_SHARE_READ, OPEN_EXISTING)), "r");
+    }
+    {
+        const LockHolder holder([](int descriptor) { return flock(descriptor, LOCK_EX) == 0; });
+        EXPECT_EQ(modeOf(create(L"locked", readAccess, FILE_SHARE_READ, OPEN_EXISTING)), "-");
+        EXPECT_EQ(errno, ERROR_SHARING_VIOLATION);
+    }
+    failLockQueries = false;
+}
+
+TEST(CreateFile, AsksForNoMoreAccessThanItsDispositionNeeds)
+{
+    const FolderForAll folder;
+    EXPECT_EQ(statusOfOrdinaryUser(
+                  []
+                  {
+                      makeFile("read-only", 0400);
+                      errno = 77;
+                      EXPECT_EQ(modeOf(create(L"read-only", readAccess, FILE_SHARE_READ, OPEN_EXISTING)), "r");
+                      EXPECT_EQ(errno, 77);
+                      unlink("read-only");
+                  }),
+              0);
 }
 
 TEST(CreateFile, OpensALockedFileWithoutAccess)

@@ -442,6 +442,29 @@ TEST(GetFileInformationByHandle, TellsNoAttributes)
     EXPECT_EQ(info.dwFileAttributes, 0U);
 }
 
+TEST(GetFileInformationByHandle, TellsAPipesUnknownSizeInTheLowPart)
+{
+    FILE* const pipe = popen("true", "r");
+    ASSERT_NE(pipe, nullptr);
+    BY_HANDLE_FILE_INFORMATION info;
+    std::memset(&info, 0x5A, sizeof info);
+    EXPECT_EQ(GetFileInformationByHandle(pipe, &info), 1);
+    EXPECT_EQ(info.nFileSizeLow, INVALID_FILE_SIZE);
+    EXPECT_EQ(info.nFileSizeHigh, 0U);
+    pclose(pipe);
+}
+
+TEST(FileHandles, ReadWhatTheKernelTells)
+{
+    FileHandle file(L"/proc/self/status", GENERIC_READ, OPEN_EXISTING);
+    EXPECT_EQ(GetFileSize(file, nullptr), 0U);
+    char text[6] = {};
+    DWORD read = untouched;
+    EXPECT_EQ(ReadFile(file, text, 5, &read, nullptr), 1);
+    EXPECT_EQ(read, 5U);
+    EXPECT_STREQ(text, "Name:");
+}
+
 TEST(GetFileInformationByHandle, CountsSecondsSince1970)
 {
     const ScratchFolder folder;

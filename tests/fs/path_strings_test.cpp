@@ -293,8 +293,10 @@ TEST(PathStrings, MatchSpecCutsLongNamesAndPatterns)
 TEST(PathStrings, MatchSpecStopsAtWhatTheLocaleCannotEncode)
 {
     const ScopedLocale locale("C");
+    errno = 77;
     EXPECT_EQ(PathMatchSpecW(L"ab\u00e4cd", L"ab"), 1);
     EXPECT_EQ(PathMatchSpecW(L"ab", L"ab\u00e4cd"), 1);
+    EXPECT_EQ(errno, 77);
 }
 
 TEST(PathMatchSpecW, TakesOnePatternOnly)

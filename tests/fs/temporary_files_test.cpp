@@ -367,13 +367,23 @@ std::array<unsigned char, 32> zeroedAtFront(std::size_t count)
 
 TEST(TemporaryPath, IsTheServices)
 {
+    struct : StubHub
+    {
+        IFileSystemService* fileSystemService() override
+        {
+            ++getterCalls;
+            return fileSystem;
+        }
+        int getterCalls = 0;
+    } hub;
     TellsTemporaryPath service;
-    StubHub hub;
     hub.fileSystem = &service;
     const InstalledHub installed(&hub);
     ByteSentinels buffer;
     EXPECT_EQ(GetTempPathW(8, buffer.characters), 0x87654321U);
     EXPECT_EQ(service.calls, 1);
+    // Once to see that it is there, once for the call.
+    EXPECT_EQ(hub.getterCalls, 2);
     EXPECT_EQ(service.givenSize, 8U);
     EXPECT_EQ(service.givenBuffer, buffer.characters);
     EXPECT_EQ(std::wstring(buffer.characters, 3), L"/t/");

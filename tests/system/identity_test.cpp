@@ -1,9 +1,11 @@
 #include "harness/in_child.h"
+#include "harness/scoped_locale.h"
 #include "harness/sentinel_buffer.h"
 #include "kest/kernel/environment.h"
 
 #include <cerrno>
 #include <cstring>
+#include <dlfcn.h>
 #include <gtest/gtest.h>
 #include <optional>
 #include <pwd.h>
@@ -22,6 +24,9 @@ namespace
 // The user that the process seems to belong to; its own when not set.
 std::optional<uid_t> pretendedUser;
 
+// The login name that every user seems to have; the real one when not set.
+std::optional<std::string> pretendedLogin;
+
 // The name that the host seems to have; its own when not set.
 std::optional<std::string> pretendedHost;
 
@@ -30,6 +35,19 @@ std::optional<std::string> pretendedHost;
 extern "C" KEST_API uid_t getuid() noexcept
 {
     return pretendedUser ? *pretendedUser : static_cast<uid_t>(syscall(SYS_getuid));
+}
+
+extern "C" KEST_API int getpwuid_r(uid_t user, passwd* entry, char* strings, std::size_t size, passwd** found)
+{
+    using Function = int(uid_t, passwd*, char*, std::size_t, passwd**);
+    if (!pretendedLogin)
+    {
+        return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, "getpwuid_r"))(user, entry, strings, size, found);
+    }
+    std::memcpy(strings, pretendedLogin->c_str(), pretendedLogin->size() + 1);
+    entry->pw_name = strings;
+    *found = entry;
+    return 0;
 }
 
 // Under a name of its own: where calls are checked against their buffers' sizes, gethostname has a body already.
@@ -103,6 +121,30 @@ TEST(Identity, NamesTheRealUser)
     EXPECT_EQ(out.contents(), Buffer::startingWith(std::wstring(name.begin(), name.end())));
 }
 
+TEST(Identity, TerminatesLoginNamesThatHaveMoreBytesThanCharacters)
+{
+    const kest::test::ScopedLocale locale("C.UTF-8");
+    pretendedLogin = "j\u00f6rg";
+    Buffer out;
+    DWORD size = 1234;
+    EXPECT_EQ(GetUserNameW(out.data(), &size), 1);
+    EXPECT_EQ(size, 4U);
+    EXPECT_EQ(out.contents(), Buffer::startingWith(L"j\u00f6rg" + std::wstring(1, L'\0')));
+    pretendedLogin.reset();
+}
+
+TEST(Identity, CountsNoCharactersOfLoginNamesThatTheLocaleCannotConvert)
+{
+    const kest::test::ScopedLocale locale("C");
+    pretendedLogin = "j\u00f6rg";
+    Buffer out;
+    DWORD size = 1234;
+    EXPECT_EQ(GetUserNameW(out.data(), &size), 1);
+    EXPECT_EQ(size, 0xFFFFFFFFU);
+    EXPECT_EQ(out.contents(), Buffer::startingWith(L"j"));
+    pretendedLogin.reset();
+}
+
 TEST(Identity, HasNoNameForAnUnknownUser)
 {
     const PretendedUser unknown(3999999999U);
@@ -158,8 +200,21 @@ TEST(Identity, EndsTheHostsNameBeforeWhatTheLocaleCannotConvert)
 {
     pretendedHost = "host\xC3\xA4";
     Buffer out;
+    errno = 77;
     EXPECT_EQ(GetComputerNameW(out.data(), nullptr), 1);
+    EXPECT_EQ(errno, 77);
     EXPECT_EQ(out.contents(), Buffer::startingWith(L"host" + std::wstring(1, L'\0')));
+    pretendedHost.reset();
+}
+
+TEST(Identity, NamesNoHostThatCannotBeTold)
+{
+    pretendedHost = std::string(256, 'h');
+    Buffer out;
+    errno = 77;
+    EXPECT_EQ(GetComputerNameW(out.data(), nullptr), 1);
+    EXPECT_EQ(errno, 77);
+    EXPECT_EQ(out.contents(), Buffer::startingWith(std::wstring(1, L'\0')));
     pretendedHost.reset();
 }
 

@@ -3,6 +3,7 @@
 #include "harness/scoped_variable.h"
 #include "kest/kernel/time.h"
 
+#include <cerrno>
 #include <cstdint>
 #include <cstring>
 #include <ctime>
@@ -477,6 +478,35 @@ TEST(FileTimes, AlwaysCompareAsLater)
     EXPECT_EQ(CompareFileTime(&late, &early), 1);
     EXPECT_EQ(CompareFileTime(&early, &early), 1);
     EXPECT_EQ(CompareFileTime(nullptr, nullptr), 1);
+}
+
+// The C library looks for a file of the zone's name whenever TZ has changed.
+TEST(Times, LeaveTheLastErrorAlone)
+{
+    for (const char* const zone : {unshifted, middleEurope, "Nowhere/Land"})
+    {
+        SYSTEMTIME st = {};
+        FILETIME ft = {1, 0};
+        const auto expectLeftAlone = [zone](auto&& call)
+        {
+            const ScopedVariable other("TZ", "Another/Land");
+            tzset();
+            const ScopedVariable timeZone("TZ", zone);
+            errno = 77;
+            call();
+            EXPECT_EQ(errno, 77) << zone;
+        };
+        expectLeftAlone([&] { GetLocalTime(&st); });
+        expectLeftAlone([&] { GetSystemTime(&st); });
+        expectLeftAlone([&] { EXPECT_EQ(FileTimeToSystemTime(&ft, &st), 1); });
+        expectLeftAlone([&] { EXPECT_EQ(SystemTimeToFileTime(&st, &ft), 1); });
+    }
+    const SetClocks clock(endlessly);
+    SYSTEMTIME st = {};
+    errno = 77;
+    GetLocalTime(&st);
+    GetSystemTime(&st);
+    EXPECT_EQ(errno, 77);
 }
 
 TEST(SystemTime, IsNotConvertedToATimeZone)

@@ -12,7 +12,7 @@
  *
  * Characters that would be cut in two are left out. Arguments must not be null, except where a function says so.
  * Where no other word is given, errno is what the C library's call left. Without memory for the last two kinds of
- * scratch the C library's call gets a null pointer: it fails, only setlocale takes it for a query.
+ * scratch the answer is that for a null path: failure, with EFAULT; only setlocale takes it for a query.
  */
 #ifndef KEST_CRT_FILE_WRAPPERS_H
 #define KEST_CRT_FILE_WRAPPERS_H

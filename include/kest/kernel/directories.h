@@ -171,7 +171,8 @@ KEST_C_END
  * removed, one that leads to a directory loses that directory's content and stays itself, as does one that leads
  * nowhere. What is neither file nor directory stays, with "unknow file type!" printed by perror(). So does what lies
  * under a path of more than 4095 bytes. A directory's content is removed once, through however many links it can be
- * reached. What there is no memory to look at stays.
+ * reached. What there is no memory to look at stays. The path itself must be reachable for the real user of the
+ * process, what lies in it for the effective one.
  * @param path  in the process's multibyte encoding.
  * @return 0, also when nothing could be removed; -1, with "get directory stat error" printed by perror(), when the path
  * exists and cannot be queried.

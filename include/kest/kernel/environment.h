@@ -201,21 +201,23 @@ KEST_API BOOL SetCurrentDirectoryW(const wchar_t* path);
 
 /**
  * Fetches the login name of the process's real user.
- * @param out   receives the name, without a terminator.
- * @param size  receives the number of characters written; what it held is not read.
+ * @param out   receives the name, without a terminator; a name that has more bytes than characters gets one.
+ * @param size  receives the number of characters written, without a terminator; 0xFFFFFFFF for a name that the locale
+ *              cannot convert, of which out receives what comes before. What it held is not read.
  * @return 1; 0 with nothing written when the user is unknown to the system.
  * @lasterror whatever looking the user up left.
  * @null neither out nor size may be null.
  * @kind local
- * @differs{GetUserNameW.WritesNoTerminator} out ends with the name's last character, and *size does not count a
- *     terminator.
+ * @differs{GetUserNameW.WritesNoTerminator} out ends with the last character of a name in ASCII, and *size does not
+ *     count a terminator.
  * @differs{GetUserNameW.IgnoresTheGivenSize} out must have room for the whole name.
  */
 KEST_API BOOL GetUserNameW(wchar_t* out, DWORD* size);
 
 /**
  * Fetches the host's name.
- * @param out   receives the name and a terminator, 256 characters at most.
+ * @param out   receives the name and a terminator, 256 characters at most; of a name that cannot be told or converted
+ *              what comes before, if anything.
  * @param size  neither read nor written.
  * @return 1 always.
  * @lasterror left as it is.

@@ -11,6 +11,8 @@
  * Wide paths are converted to the process's multibyte encoding. A path is cut after 4095 bytes, and at the first
  * character that the locale cannot encode.
  *
+ * Of the functions here only CreateFileW sets the last error; what the C library's calls leave there stays.
+ *
  * Forwards hand their arguments on as they are, null included, and the service's result back unchanged; those not
  * called checked need an installed hub with a file system service. They leave the last-error value to the host.
  */

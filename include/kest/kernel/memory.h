@@ -78,7 +78,8 @@ KEST_API void* GlobalLock(HGLOBAL h);
  * @lasterror left as it is.
  * @null h: answers 0.
  * @kind local
- * @differs{GlobalUnlock.ZeroesFourBytesOfABlockInUse} Of a block whose bytes 0 to 7 are in use, bytes 16 to 19 become 0.
+ * @differs{GlobalUnlock.ZeroesFourBytesOfABlockInUse} Of a block whose bytes 0 to 7 are in use, bytes 16 to 19 become
+ *     0.
  * @differs{GlobalUnlock.AnswersOneForUnlockedBlocks} The result does not tell whether the block is still locked.
  */
 KEST_API BOOL GlobalUnlock(HGLOBAL h);

@@ -177,8 +177,8 @@ KEST_API BOOL GetModuleHandleExW(DWORD flags, const wchar_t* name, HMODULE* out)
 
 /**
  * Stores a module's file name, as the loader reports it: the path under which it was loaded. It is found through the
- * module's DllMain. The main program's is read from /proc/self/exe. A name that the locale cannot decode is cut in front
- * of the byte in question.
+ * module's DllMain. The main program's is read from /proc/self/exe. A name that the locale cannot decode is cut in
+ * front of the byte in question.
  * @param module  the module's handle; null or 1: the main program.
  * @param buffer  receives the name; buffer[0] is set to zero first, whatever nSize says, so there must be room for one
  * character. A name of nSize or more characters is cut and has no terminator.

@@ -1,8 +1,8 @@
 /*
  * Kest Platform Base: finding files, and the place of the running program.
  *
- * Directories and paths are CStdStr<wchar_t>, which reports its constructions to the string-object registry. No function
- * sets the last error; what the C library's calls leave there stays.
+ * Directories and paths are CStdStr<wchar_t>, which reports its constructions to the string-object registry. No
+ * function sets the last error; what the C library's calls leave there stays.
  */
 #ifndef KEST_KERNEL_SEARCH_PATH_H
 #define KEST_KERNEL_SEARCH_PATH_H
@@ -14,20 +14,21 @@ KEST_C_BEGIN
 
 /**
  * Finds a file in a directory or, without one, in the directory of the running program, the current directory and the
- * directories of PATH, in this order. The first directory that holds the name is taken; then the path is "directory/name".
- * PATH is asked for last, through getEnvPATH; for that the hub must be installed.
+ * directories of PATH, in this order. The first directory that holds the name is taken; then the path is
+ * "directory/name". PATH is asked for last, through getEnvPATH; for that the hub must be installed.
  * @param path          the directory to search in; null for those above.
  * @param fileName      the name, spelled as the directory has it, without "/".
  * @param extension     ignored.
  * @param bufferLength  characters in buffer.
  * @param buffer        receives the path, without a terminator: whoever reads it as text has zeroed it beforehand.
  * @param filePart      never written.
- * @return the path's length in characters; 0 when nothing is found and without memory. When bufferLength is not greater than the result,
- * nothing is written.
+ * @return the path's length in characters; 0 when nothing is found and without memory. When bufferLength is not
+ * greater than the result, nothing is written.
  * @null fileName must not be null; buffer may be null when bufferLength is 0.
  * @kind local
  * @differs{SearchPathW.WritesNoTerminator} Exactly as many characters are written as the result says.
- * @differs{SearchPathW.AsksForNoTerminator} The size needed does not count one, though a buffer of that size is refused.
+ * @differs{SearchPathW.AsksForNoTerminator} The size needed does not count one, though a buffer of that size is
+ * refused.
  * @differs{SearchPathW.FindsNothingInDirectoriesOfOneCharacter} When the directory taken is "/" or ".", the answer is
  * 0.
  * @differs{SearchPathW.IgnoresTheExtension} None is added or tried.

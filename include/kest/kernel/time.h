@@ -48,7 +48,7 @@ KEST_API ULONGLONG GetTickCount64(void);
  * @param st  receives the time. The second and the millisecond are read one after the other: the millisecond may belong
  *            to the next second. For a time that cannot be broken down, wYear, wMonth, wDayOfWeek and wDay become 0 and
  *            the other fields stay as they were.
- * @lasterror left as it is on success.
+ * @lasterror left as it is.
  * @null st: nothing happens.
  * @kind local
  * @differs{GetLocalTime.LeavesTheDayOfWeekZero} wDayOfWeek is 0 on every day.
@@ -58,7 +58,7 @@ KEST_API void GetLocalTime(SYSTEMTIME* st);
 /**
  * Tells the time in UTC.
  * @param st  receives the time. For a time that cannot be broken down all fields become 0.
- * @lasterror left as it is on success.
+ * @lasterror left as it is.
  * @null st: nothing happens.
  * @kind local
  * @differs{GetSystemTime.CountsYearsFrom1900AndMonthsFromZero} In March 2026 wYear is 126 and wMonth 2.
@@ -88,7 +88,7 @@ KEST_API BOOL FileTimeToSystemTime(const FILETIME* ft, SYSTEMTIME* st);
  * @param ft  receives 100-nanosecond units since 1601-01-01 00:00 UTC. A time that cannot be put together becomes the
  *            second before 1970.
  * @return 1; 0 with nothing written when a pointer is null.
- * @lasterror left as it is on success.
+ * @lasterror left as it is.
  * @null either pointer: answers 0.
  * @kind local
  * @differs{SystemTimeToFileTime.ReadsLocalStandardTime} st is not UTC, and not summer time either: in summer the result

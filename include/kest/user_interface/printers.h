@@ -1,6 +1,6 @@
 /*
- * Kest Platform Base: printers. Which printers there are is the host's to say; none can be opened here, and what asks one answers
- * failure.
+ * Kest Platform Base: printers. Which printers there are is the host's to say; none can be opened here, and what asks
+ * one answers failure.
  */
 #ifndef KEST_USER_INTERFACE_PRINTERS_H
 #define KEST_USER_INTERFACE_PRINTERS_H

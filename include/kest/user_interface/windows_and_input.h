@@ -1,7 +1,7 @@
 /*
- * Kest Platform Base: windows, messages, timers, keyboard, cursor, monitors and metrics. Forwards hand their arguments to the
- * host's service as they are, null included, and its result back unchanged; those not called checked need an installed
- * hub with that service. They leave the last-error value to the host.
+ * Kest Platform Base: windows, messages, timers, keyboard, cursor, monitors and metrics. Forwards hand their arguments
+ * to the host's service as they are, null included, and its result back unchanged; those not called checked need an
+ * installed hub with that service. They leave the last-error value to the host.
  */
 #ifndef KEST_USER_INTERFACE_WINDOWS_AND_INPUT_H
 #define KEST_USER_INTERFACE_WINDOWS_AND_INPUT_H

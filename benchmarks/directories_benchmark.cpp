@@ -267,7 +267,7 @@ void addDirectories()
               {
                   const std::string folder = folderWithName(length);
                   return [name = wide(folder), out = std::array<wchar_t, 4096>()]() mutable
-                  { return SetCurrentDirectoryW(name.c_str()) + GetCurrentDirectoryW(4096, out.data()); };
+                  { return SetCurrentDirectoryW(name.c_str()) != 0 && GetCurrentDirectoryW(4096, out.data()) != 0; };
               },
               {[] {}, [] { std::filesystem::current_path(scratch().path()); }});
     addGrowth("SetCurrentDirectoryW, _wgetcwd without buffer", "characters", 10,

@@ -74,6 +74,11 @@ auto lookUp(const std::string& path, const std::wstring& key)
     { return GetPrivateProfileStringW(L"Settings", key.c_str(), L"", out.data(), 256, name.c_str()); };
 }
 
+// One that nothing derives from, so that it can be destroyed by its own name.
+class HostProfiles final : public host::ProfileService
+{
+};
+
 } // namespace
 
 void addProfiles()
@@ -129,7 +134,7 @@ void addProfiles()
         "host: GetPrivateProfileStringW", "keys", keys / 500,
         [](long count)
         {
-            return [service = std::make_shared<host::ProfileService>(), path = wide(profileOf(count, lineEndings[1])),
+            return [service = std::make_shared<HostProfiles>(), path = wide(profileOf(count, lineEndings[1])),
                     key = wide(lastKey(count)), out = std::array<wchar_t, 256>()]() mutable
             { return service->GetPrivateProfileStringW(L"Settings", key.c_str(), L"", out.data(), 256, path.c_str()); };
         },
@@ -138,7 +143,7 @@ void addProfiles()
         "host: GetPrivateProfileSectionW", "keys", keys / 500,
         [](long count)
         {
-            return [service = std::make_shared<host::ProfileService>(), path = wide(profileOf(count, lineEndings[1])),
+            return [service = std::make_shared<HostProfiles>(), path = wide(profileOf(count, lineEndings[1])),
                     out = std::wstring(static_cast<std::size_t>(count) * 64, L'\0')]() mutable {
                 return service->GetPrivateProfileSectionW(L"Settings", out.data(), static_cast<DWORD>(out.size()),
                                                           path.c_str());
@@ -149,7 +154,7 @@ void addProfiles()
         "host: WritePrivateProfileStringW", "keys", keys / 500,
         [](long count)
         {
-            return [service = std::make_shared<host::ProfileService>(), path = wide(profileOf(count, lineEndings[1])),
+            return [service = std::make_shared<HostProfiles>(), path = wide(profileOf(count, lineEndings[1])),
                     key = wide(lastKey(count)), other = false]() mutable
             {
                 other = !other;

@@ -49,8 +49,8 @@ private:
 inline constexpr std::size_t scratchSize = 4096;
 using NarrowText = FixedNarrowText<scratchSize>;
 
-// Wide text narrowed whole: scratch of (length + 1) * 4 bytes has room for any encoding. Null when there
-// is no memory for it.
+// Wide text narrowed whole: scratch of (length + 1) * 4 bytes has room for any encoding. Null when there is
+// no memory for it.
 class WholeNarrowText
 {
 public:

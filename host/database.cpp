@@ -16,11 +16,14 @@ void Database::check(int code) const
 {
     if (code != SQLITE_OK && code != SQLITE_ROW && code != SQLITE_DONE)
     {
-        // SQLite does not tell a file that it may not open from one that it cannot.
+        // SQLite's code is the same for a file that it may not open, one that it cannot, and the one too many.
         const int systemError = connection_ == nullptr ? 0 : sqlite3_system_errno(connection_);
-        const bool denied = (code & 0xFF) == SQLITE_CANTOPEN && (systemError == EACCES || systemError == EROFS);
+        const bool notOpened = (code & 0xFF) == SQLITE_CANTOPEN;
+        const bool denied = notOpened && (systemError == EACCES || systemError == EROFS);
+        const bool lacksDescriptors = notOpened && (systemError == EMFILE || systemError == ENFILE);
         throw DatabaseError(denied ? SQLITE_PERM : code,
-                            connection_ == nullptr ? sqlite3_errstr(code) : sqlite3_errmsg(connection_));
+                            connection_ == nullptr ? sqlite3_errstr(code) : sqlite3_errmsg(connection_),
+                            lacksDescriptors);
     }
 }
 

@@ -14,13 +14,19 @@ namespace kest::host
 class DatabaseError : public std::runtime_error
 {
 public:
-    DatabaseError(int code, const std::string& message) : std::runtime_error(message), code_(code) {}
+    DatabaseError(int code, const std::string& message, bool lacksDescriptors = false)
+        : std::runtime_error(message), code_(code), lacksDescriptors_(lacksDescriptors)
+    {
+    }
 
     // SQLite's primary result code.
     int code() const { return code_ & 0xFF; }
+    // Whether SQLITE_CANTOPEN means that no further file can be opened, whatever its name.
+    bool lacksDescriptors() const { return lacksDescriptors_; }
 
 private:
     int code_;
+    bool lacksDescriptors_;
 };
 
 class Database

@@ -45,7 +45,7 @@ LONG windowsError(const DatabaseError& error)
     case SQLITE_CORRUPT:
         return ERROR_REGISTRY_CORRUPT;
     case SQLITE_CANTOPEN:
-        return ERROR_CANTOPEN;
+        return error.lacksDescriptors() ? ERROR_TOO_MANY_OPEN_FILES : ERROR_CANTOPEN;
     case SQLITE_NOMEM:
         return ERROR_OUTOFMEMORY;
     default:

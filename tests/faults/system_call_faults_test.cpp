@@ -52,18 +52,18 @@ constexpr int generalFailure = 31;
 constexpr int diskFull = 112;
 constexpr int moduleNotFound = 126;
 
-// Runs the body in a process that can open nothing more.
+// Runs the body in a process that can open nothing more, or no more than `left` files at once.
 template <class Body>
-int statusWithoutDescriptors(Body body)
+int statusWithoutDescriptors(Body body, int left = 0)
 {
     return statusInChild(
-        [&body]
+        [&body, left]
         {
             const int next = dup(STDIN_FILENO);
             close(next);
             rlimit limit;
             ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &limit), 0);
-            limit.rlim_cur = static_cast<rlim_t>(next);
+            limit.rlim_cur = static_cast<rlim_t>(next + left);
             ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &limit), 0);
             body();
             limit.rlim_cur = limit.rlim_max;
@@ -224,7 +224,8 @@ TEST_F(SystemCallFaults, WithoutDescriptorsTheHostsStoresStayAsTheyAre)
                   {
                       ProfileService profiles;
                       EXPECT_EQ(profiles.WritePrivateProfileStringW(L"section", L"key", L"new", file.c_str()), 0);
-                      EXPECT_NE(write("new"), ERROR_SUCCESS);
+                      EXPECT_EQ(errno, tooManyOpenFiles);
+                      EXPECT_EQ(write("new"), tooManyOpenFiles);
                   }),
               0);
     EXPECT_EQ(folder.read("settings.ini"), "[section]\nkey=value\n");
@@ -233,6 +234,88 @@ TEST_F(SystemCallFaults, WithoutDescriptorsTheHostsStoresStayAsTheyAre)
     DWORD size = sizeof data;
     EXPECT_EQ(registry.RegQueryValueExW(HKEY_CURRENT_USER, L"Value", nullptr, nullptr, data, &size), ERROR_SUCCESS);
     EXPECT_STREQ(reinterpret_cast<const char*>(data), "old");
+}
+
+TEST_F(SystemCallFaults, WithoutDescriptorsTheHostsStoresAnswerThatTheyCannotRead)
+{
+    const std::wstring file = folder.write("settings.ini", "[section]\nkey=value\n").wstring();
+    const std::string database = (folder.path() / "registry.db").string();
+    const DWORD number = 77;
+    EXPECT_EQ(RegistryService(database).RegSetValueExW(HKEY_CURRENT_USER, L"Value", 0, REG_DWORD,
+                                                       reinterpret_cast<const BYTE*>(&number), sizeof number),
+              ERROR_SUCCESS);
+    EXPECT_EQ(statusWithoutDescriptors(
+                  [&]
+                  {
+                      RegistryService registry(database);
+                      HKEY key = nullptr;
+                      EXPECT_EQ(registry.RegOpenKeyExW(HKEY_CURRENT_USER, L"Software", 0, KEY_READ, &key),
+                                tooManyOpenFiles);
+                      EXPECT_EQ(key, nullptr);
+                      DWORD data = 5;
+                      DWORD size = sizeof data;
+                      EXPECT_EQ(registry.RegQueryValueExW(HKEY_CURRENT_USER, L"Value", nullptr, nullptr,
+                                                          reinterpret_cast<BYTE*>(&data), &size),
+                                tooManyOpenFiles);
+                      EXPECT_EQ(data, 5U);
+                      ProfileService profiles;
+                      Buffer text;
+                      EXPECT_EQ(profiles.GetPrivateProfileStringW(L"section", L"key", L"default", text.data(), 64,
+                                                                  file.c_str()),
+                                7U);
+                      EXPECT_EQ(std::wstring(text.data()), L"default");
+                      EXPECT_EQ(profiles.GetPrivateProfileIntW(L"section", L"key", 3, file.c_str()), 3U);
+                  }),
+              0);
+}
+
+// The database, its log and the log's index are opened one after the other.
+TEST_F(SystemCallFaults, WithTooFewDescriptorsTheRegistryWorksOnceThereAreEnough)
+{
+    constexpr int enough = 10;
+    for (const bool isNew : {true, false})
+    {
+        int refusals = 0;
+        for (int left = 0; left <= enough; ++left)
+        {
+            const std::string database = (folder.path() / "registry.db").string();
+            if (isNew)
+            {
+                for (const char* const rest : {"", "-wal", "-shm", "-journal"})
+                {
+                    fs::remove(database + rest);
+                }
+            }
+            const int status = statusWithoutDescriptors(
+                [&]
+                {
+                    RegistryService registry(database);
+                    DWORD number = 77;
+                    const auto write = [&]
+                    {
+                        return registry.RegSetValueExW(HKEY_CURRENT_USER, L"Value", 0, REG_DWORD,
+                                                       reinterpret_cast<const BYTE*>(&number), sizeof number);
+                    };
+                    const LONG result = write();
+                    EXPECT_TRUE(result == ERROR_SUCCESS || result == tooManyOpenFiles) << result;
+                    fs::remove("refused");
+                    if (result != ERROR_SUCCESS)
+                    {
+                        rlimit limit;
+                        ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &limit), 0);
+                        limit.rlim_cur = limit.rlim_max;
+                        ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &limit), 0);
+                        EXPECT_EQ(write(), ERROR_SUCCESS);
+                        folder.write("refused", "");
+                    }
+                },
+                left);
+            EXPECT_EQ(status, 0) << (isNew ? "a new registry with " : "one with ") << left << " descriptors left";
+            refusals += fs::exists("refused") ? 1 : 0;
+        }
+        EXPECT_GE(refusals, 3);
+        EXPECT_LT(refusals, enough);
+    }
 }
 
 TEST_F(SystemCallFaults, WithoutDescriptorsTheHostSaysThatItCannotLook)

@@ -15,8 +15,9 @@
  * A bare name stands in kest/ below $XDG_CONFIG_HOME or ~/.config, as on Windows it stands in the system's folder.
  *
  * A failing write answers 0, leaves the file as it was and Windows's code for the reason in errno, which is the
- * last-error value. What is no regular file reads as a missing one and is not written. Without memory a read answers
- * an empty text or list, or its default number, with ERROR_NOT_ENOUGH_MEMORY (8) there.
+ * last-error value. What is no regular file reads as a missing one and is not written; what cannot be opened, for want
+ * of descriptors say, reads so as well. Without memory a read answers an empty text or list, or its default number,
+ * with ERROR_NOT_ENOUGH_MEMORY (8) there.
  */
 #ifndef KEST_HOST_PROFILE_SERVICE_H
 #define KEST_HOST_PROFILE_SERVICE_H

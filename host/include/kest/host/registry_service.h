@@ -5,6 +5,9 @@
  * error codes. Names keep their case and are compared without it, by Unicode's simple case mapping, whatever the
  * program's locale. Sizes of data are bytes, of names characters; text is 4 bytes a character, stored as given.
  *
+ * Without memory an operation answers ERROR_OUTOFMEMORY (14), without descriptors for the files that it opens first
+ * ERROR_TOO_MANY_OPEN_FILES (4); the same service works once there are some.
+ *
  * A child made with fork must not use a registry that its parent has used, unless it runs another program first.
  *
  * What differs from Windows:

@@ -1,5 +1,8 @@
 #include "kest/host/font_service.h"
 
+#include "out_of_memory.h"
+
+#include <cerrno>
 #include <iconv.h>
 #include <string>
 
@@ -20,13 +23,21 @@ int ConsoleFontService::EnumFontFamiliesExW(HDC, LOGFONTW*, FONTENUMPROCW, LPARA
 
 BOOL ConsoleFontService::IsValidCodePage(UINT CodePage)
 {
+    // Short enough to be kept without memory of its own.
     const std::string name = CodePage == utf8CodePage ? "UTF-8" : "CP" + std::to_string(CodePage);
+    const int lastError = errno;
     const iconv_t conversion = iconv_open("UTF-8", name.c_str());
     if (conversion == reinterpret_cast<iconv_t>(-1))
     {
+        if (errno == ENOMEM)
+        {
+            return withoutMemory(0);
+        }
+        errno = lastError;
         return 0;
     }
     iconv_close(conversion);
+    errno = lastError;
     return 1;
 }
 

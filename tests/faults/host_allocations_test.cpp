@@ -6,9 +6,11 @@
 #include "harness/sentinel_buffer.h"
 #include "kest/host/dialog_service.h"
 #include "kest/host/file_system_service.h"
+#include "kest/host/font_service.h"
 #include "kest/host/profile_service.h"
 #include "kest/host/registry_service.h"
 #include "kest/host/system_service.h"
+#include "kest/reference_host.h"
 #include "kest/registry.h"
 #include "kest/shell_paths.h"
 
@@ -381,6 +383,65 @@ TEST_F(HostRegistry, OpensItsDatabaseOrAnswersItsWantOfMemory)
     expectEveryFailureHandled(row);
 }
 
+// ---- Code pages ----------------------------------------------------------------------------------------------------
+
+TEST(HostCodePages, AreNotKnownWithoutMemory)
+{
+    constexpr int untouched = 77;
+    kest::host::ConsoleFontService service;
+    const auto row = [&](const char* name, UINT page, BOOL valid)
+    {
+        return AllocatingCall{.name = name,
+                              .call = [&service, page] { return static_cast<long>(service.IsValidCodePage(page)); },
+                              .success = valid,
+                              .failure = 0,
+                              .check = [valid](bool succeeded)
+                              { EXPECT_TRUE(errno == notEnoughMemory || (succeeded && errno == untouched)) << errno; },
+                              .prepare = [] { errno = untouched; }};
+    };
+    expectEveryFailureHandled(std::vector<AllocatingCall>{
+        row("IsValidCodePage, of a module that is loaded already", 1250, 1),
+        row("IsValidCodePage, built in", 65001, 1),
+        row("IsValidCodePage, unknown", 4711, 0),
+    });
+}
+
+// ---- Making services -----------------------------------------------------------------------------------------------
+
+// One that nothing derives from, so that it can be destroyed where it stands.
+class Dialogs final : public TerminalDialogService
+{
+};
+
+TEST(HostServices, AreMadeWholeOrNotAtAll)
+{
+    const ScopedVariable data("XDG_DATA_HOME", "/a folder of a name that is too long to be kept in place");
+    const std::string file = "/a file of a name that is too long to be kept in place";
+    std::optional<KestReferenceHost> host;
+    std::optional<Registry> registry;
+    std::optional<Dialogs> dialogs;
+    const auto row = [](const char* name, auto& made, auto make)
+    {
+        return AllocatingCall{.name = name,
+                              .call =
+                                  [make]
+                              {
+                                  make();
+                                  return 1L;
+                              },
+                              .success = 1,
+                              .failure = std::nullopt,
+                              .check = [&made](bool succeeded) { EXPECT_EQ(made.has_value(), succeeded); },
+                              .release = [&made] { made.reset(); }};
+    };
+    expectEveryFailureHandled(std::vector<AllocatingCall>{
+        row("KestReferenceHost", host, [&] { host.emplace(); }),
+        row("RegistryService, its file given", registry, [&] { registry.emplace(file); }),
+        row("RegistryService", registry, [&] { registry.emplace(); }),
+        row("TerminalDialogService", dialogs, [&] { dialogs.emplace(); }),
+    });
+}
+
 // ---- Files ---------------------------------------------------------------------------------------------------------
 
 TEST(HostFiles, AreNotFoundWithoutMemory)
@@ -605,6 +666,56 @@ TEST(HostDialogs, AnswerTheirWantOfMemoryAndStoreNothing)
                 });
             }),
         0);
+}
+
+TEST(HostMessages, ReachTheHandlerBeforeWhereANewOneFindsNoMemory)
+{
+    const auto window = reinterpret_cast<HWND>(0x10);
+    // More than a function object keeps in place.
+    const std::array<LRESULT, 20> added = {1000};
+    std::optional<Dialogs> service;
+    TerminalDialogService::WindowHandler handler;
+    const auto fresh = [&]
+    {
+        service.emplace();
+        handler = [added](HWND, UINT, WPARAM, LPARAM lParam) -> LRESULT { return lParam + added[0]; };
+    };
+    const auto registerHandler = [&]
+    {
+        service->registerWindow(window, std::move(handler));
+        return 1L;
+    };
+    const auto end = [&]
+    {
+        service.reset();
+        handler = nullptr;
+    };
+    expectEveryFailureHandled(std::vector<AllocatingCall>{
+        {.name = "registerWindow",
+         .call = registerHandler,
+         .success = 1,
+         .failure = std::nullopt,
+         .check =
+             [&](bool succeeded)
+         {
+             EXPECT_EQ(service->SendMessageW(window, 1, 0, 1), succeeded ? 1001 : 0);
+             EXPECT_EQ(service->PostMessageW(window, 1, 0, 1), succeeded ? 1 : 0);
+         },
+         .prepare = fresh,
+         .release = end},
+        {.name = "registerWindow, a second time",
+         .call = registerHandler,
+         .success = 1,
+         .failure = std::nullopt,
+         .check = [&](bool succeeded) { EXPECT_EQ(service->SendMessageW(window, 1, 0, 1), succeeded ? 1001 : 2); },
+         .prepare =
+             [&]
+         {
+             fresh();
+             service->registerWindow(window, [](HWND, UINT, WPARAM, LPARAM lParam) -> LRESULT { return lParam + 1; });
+         },
+         .release = end},
+    });
 }
 
 TEST(HostMessages, AreSentWithoutMemoryAndPostedWholeOrNotAtAll)

@@ -24,6 +24,7 @@
 class KEST_API KestReferenceHost : public IPlatformServices
 {
 public:
+    /** std::bad_alloc without memory. */
     KestReferenceHost();
     virtual ~KestReferenceHost();
     KestReferenceHost(const KestReferenceHost&) = delete;

@@ -4,7 +4,9 @@
  * A wide character is a whole code point here, so that lengths differ from Windows's for text outside the basic plane.
  * UTF-8 (65001) is converted exactly. CP_ACP, CP_OEMCP and CP_THREAD_ACP stand for the encoding of the process's
  * character-type locale. Other code pages are those that the C library's iconv knows under "CP" and their number, and
- * the common ones that it knows by name (20127, 20866, 21866, 28591 and so on, 51932, 51949, 54936, 65000).
+ * the common ones that it knows by name (20127, 20866, 21866, 28591 and so on, 51932, 51949, 54936, 65000). A page
+ * whose module iconv cannot load, for want of memory or descriptors, is unknown to it that time. If its list of modules
+ * cannot be read at the first conversion of the process, for want of descriptors, it knows no module from then on.
  */
 #ifndef KEST_COMPANIONS_ENCODINGS_H
 #define KEST_COMPANIONS_ENCODINGS_H

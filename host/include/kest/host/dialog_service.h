@@ -27,6 +27,7 @@ class KEST_API TerminalDialogService : public IDialogService
 public:
     using WindowHandler = std::function<LRESULT(HWND, UINT, WPARAM, LPARAM)>;
 
+    /** std::bad_alloc without memory. */
     TerminalDialogService();
     ~TerminalDialogService();
     TerminalDialogService(const TerminalDialogService&) = delete;

@@ -36,6 +36,7 @@ public:
     /**
      * Uses a database file, made with its folders on the first call that needs it (files 0600, folders 0700).
      * @param file  its path in the process's multibyte encoding; empty stands for defaultFile().
+     * std::bad_alloc without memory.
      */
     explicit RegistryService(const std::string& file = std::string());
     ~RegistryService();

@@ -1,5 +1,6 @@
 #include "faults/allocation_faults.h"
 
+#include "harness/in_child.h"
 #include "harness/open_descriptors.h"
 
 #include <atomic>
@@ -9,6 +10,7 @@
 #include <gtest/gtest.h>
 #include <limits>
 #include <new>
+#include <unistd.h>
 
 namespace
 {
@@ -202,7 +204,57 @@ bool roundWithoutLeak(const AllocatingCall& row, long number, FailingAllocation:
     return reached;
 }
 
+// One round in a process of its own; whether an allocation failed in it.
+bool roundInChild(const AllocatingCall& row, long number, FailingAllocation::Extent extent)
+{
+    int answer[2] = {-1, -1};
+    EXPECT_EQ(pipe(answer), 0);
+    EXPECT_EQ(statusInChild(
+                  [&]
+                  {
+                      long keptBlocks = 0;
+                      const bool reached = round(row, number, extent, keptBlocks);
+                      EXPECT_EQ(write(answer[1], &reached, sizeof reached), static_cast<ssize_t>(sizeof reached));
+                  }),
+              0);
+    close(answer[1]);
+    bool reached = false;
+    EXPECT_EQ(read(answer[0], &reached, sizeof reached), static_cast<ssize_t>(sizeof reached));
+    close(answer[0]);
+    return reached;
+}
+
+// Rounds with the first allocation failing, then the second, and so on until none fails any more.
+void countUp(const AllocatingCall& row, FailingAllocation::Extent extent,
+             bool (*oneRound)(const AllocatingCall&, long, FailingAllocation::Extent))
+{
+    long number = 1;
+    while (!testing::Test::HasFailure() && oneRound(row, number, extent))
+    {
+        ++number;
+    }
+    EXPECT_TRUE(number > 1 || testing::Test::HasFailure()) << "it allocates nothing";
+    if (testing::Test::HasFailure())
+    {
+        ADD_FAILURE() << "with allocation " << number
+                      << (extent == FailingAllocation::Extent::thisOne ? "" : " and all behind it") << " failing";
+    }
+}
+
 } // namespace
+
+void expectEveryFailureOfTheFirstCallHandled(const AllocatingCall& row)
+{
+    SCOPED_TRACE(row.name);
+    for (const auto extent : {FailingAllocation::Extent::thisOne, FailingAllocation::Extent::thisOneAndAllBehindIt})
+    {
+        countUp(row, extent, roundInChild);
+        if (testing::Test::HasFailure())
+        {
+            return;
+        }
+    }
+}
 
 void expectEveryFailureHandled(const AllocatingCall& row)
 {
@@ -215,16 +267,9 @@ void expectEveryFailureHandled(const AllocatingCall& row)
         {
             return;
         }
-        long number = 1;
-        while (!testing::Test::HasFailure() && roundWithoutLeak(row, number, extent))
-        {
-            ++number;
-        }
-        EXPECT_TRUE(number > 1 || testing::Test::HasFailure()) << "it allocates nothing";
+        countUp(row, extent, roundWithoutLeak);
         if (testing::Test::HasFailure())
         {
-            ADD_FAILURE() << "with allocation " << number << (extent == thisOne ? "" : " and all behind it")
-                          << " failing";
             return;
         }
     }

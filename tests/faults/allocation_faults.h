@@ -54,8 +54,13 @@ struct AllocatingCall
 };
 
 // Lets the first allocation of the call fail, then the second, and so on until none fails any more; each alone, and
-// with all behind it.
+// with all behind it. What a process allocates once and keeps, such as a locale's conversion in the C library, a call
+// before these has already made.
 void expectEveryFailureHandled(const AllocatingCall& row);
+
+// Likewise for what a process allocates once: no call comes before, and each has a process of its own, which ends with
+// it. Blocks that stay behind are not counted.
+void expectEveryFailureOfTheFirstCallHandled(const AllocatingCall& row);
 
 // Likewise for each row of a table.
 template <class Rows>

@@ -3,7 +3,8 @@
  *
  * Wide arguments are re-encoded, nothing else: backslashes stay backslashes, and no drives exist. They are converted
  * to the process's multibyte encoding as the current character-type locale has it, and cut in front of the first
- * character that the locale cannot encode; no function reports that. How much of a long argument counts differs:
+ * character that the locale cannot encode; no function reports that. (Without memory when the C library first needs the
+ * locale's encoding, that is ASCII alone as long as the process runs.) How much of a long argument counts differs:
  *
  *     at most 4095 bytes         _wfopen, _wfopen_s, _wrename, _wputenv, _wgetenv, _wfindfirst
  *     as many bytes as it has

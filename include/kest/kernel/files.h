@@ -9,7 +9,8 @@
  * FileTimeToLocalFileTime read the same count.
  *
  * Wide paths are converted to the process's multibyte encoding. A path is cut after 4095 bytes, and at the first
- * character that the locale cannot encode.
+ * character that the locale cannot encode. The C library prepares a locale's encoding when it first needs it; if there
+ * is no memory for that, the locale encodes ASCII alone as long as the process runs.
  *
  * Of the functions here only CreateFileW sets the last error; what the C library's calls leave there stays.
  *

@@ -8,10 +8,12 @@
 #include "harness/sentinel_buffer.h"
 #include "harness/stub_services.h"
 #include "kest/companions/crt.h"
+#include "kest/companions/encodings.h"
 #include "kest/companions/kernel.h"
 #include "kest/crt/file_wrappers.h"
 #include "kest/crt/formatted_output.h"
 #include "kest/host/file_system_service.h"
+#include "kest/host/font_service.h"
 #include "kest/host/profile_service.h"
 #include "kest/host/registry_service.h"
 #include "kest/kernel.h"
@@ -345,6 +347,30 @@ TEST_F(SystemCallFaults, WithoutDescriptorsTheHostSaysThatItCannotLook)
     EXPECT_EQ(std::distance(fs::directory_iterator("."), fs::directory_iterator()), 1);
 }
 
+// The code page that no other test of this program asks for.
+TEST_F(SystemCallFaults, WithoutDescriptorsCodePagesOfModulesAreUnknown)
+{
+    EXPECT_EQ(statusWithoutDescriptors(
+                  []
+                  {
+                      constexpr int invalidParameter = 87;
+                      Buffer wide;
+                      errno = 0;
+                      EXPECT_EQ(MultiByteToWideChar(1257, 0, "a", 1, wide.data(), 10), 0);
+                      EXPECT_EQ(errno, invalidParameter);
+                      EXPECT_EQ(wide.contents(), Buffer::untouched());
+                      SentinelBuffer<char, 10> narrow;
+                      errno = 0;
+                      EXPECT_EQ(WideCharToMultiByte(1257, 0, L"a", 1, narrow.data(), 10, nullptr, nullptr), 0);
+                      EXPECT_EQ(errno, invalidParameter);
+                      EXPECT_EQ(narrow.contents(), narrow.untouched());
+                      EXPECT_EQ(kest::host::ConsoleFontService().IsValidCodePage(1257), 0);
+                      EXPECT_EQ(kest::host::ConsoleFontService().IsValidCodePage(65001), 1);
+                      EXPECT_EQ(MultiByteToWideChar(CP_UTF8, 0, "a", 1, wide.data(), 10), 1);
+                  }),
+              0);
+}
+
 // ---- No processes --------------------------------------------------------------------------------------------------
 
 TEST_F(SystemCallFaults, WithoutProcessesNothingIsRun)
@@ -445,6 +471,23 @@ TEST_F(SystemCallFaults, WithoutSpaceNothingIsMade)
     EXPECT_EQ(GetTempFileNameW(L".", L"x", 7, name.data()), 8U);
     EXPECT_TRUE(noDirectory.reached() && noFile.reached());
     EXPECT_TRUE(fs::is_empty("."));
+}
+
+TEST_F(SystemCallFaults, WithoutSpaceTheHostMakesNoKnownFolder)
+{
+    const ScopedVariable data("XDG_DATA_HOME", (folder.path() / "new/deeper").c_str());
+    FileSystemService files;
+    wchar_t path[MAX_PATH] = L"before";
+    {
+        const FailingCall noDirectory(SystemCall::makeDirectory, ENOSPC);
+        EXPECT_EQ(files.SHGetFolderPathW(nullptr, CSIDL_LOCAL_APPDATA | CSIDL_FLAG_CREATE, nullptr, 0, path),
+                  static_cast<HRESULT>(0x80070002));
+        EXPECT_TRUE(noDirectory.reached());
+    }
+    EXPECT_EQ(std::wstring(path), L"");
+    EXPECT_TRUE(fs::is_empty("."));
+    EXPECT_EQ(files.SHGetFolderPathW(nullptr, CSIDL_LOCAL_APPDATA | CSIDL_FLAG_CREATE, nullptr, 0, path), 0);
+    EXPECT_EQ(path, (folder.path() / "new/deeper").wstring());
 }
 
 TEST_F(SystemCallFaults, WithoutSpaceAProfileStaysAsItIs)
@@ -634,6 +677,61 @@ TEST_F(SystemCallFaults, SignalsLoseNothingInTheHostsStores)
                   ERROR_SUCCESS);
     }
     EXPECT_EQ(profiles.GetPrivateProfileIntW(L"section", L"1", 0, file.c_str()), 1U);
+}
+
+// Nobody opens the other end.
+TEST_F(SystemCallFaults, SignalsEndTheOpeningOfAPipe)
+{
+    ASSERT_EQ(mkfifo("pipe", 0600), 0);
+    const Interruptions interruptions;
+    errno = 0;
+    EXPECT_EQ(CreateFileW(L"pipe", GENERIC_READ, 1, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr),
+              INVALID_HANDLE_VALUE);
+    EXPECT_EQ(errno, EINTR);
+    errno = 0;
+    EXPECT_EQ(_wfopen(static_cast<const wchar_t*>(L"pipe"), L"r"), nullptr);
+    EXPECT_EQ(errno, EINTR);
+    std::FILE* stream = nullptr;
+    EXPECT_EQ(_wfopen_s(&stream, L"pipe", L"r"), EINTR);
+    EXPECT_EQ(stream, nullptr);
+}
+
+TEST_F(SystemCallFaults, SignalsEndTheReadingAndWritingOfAPipe)
+{
+    ASSERT_EQ(mkfifo("pipe", 0600), 0);
+    // Opened for both, which waits for nobody.
+    const HANDLE pipe =
+        CreateFileW(L"pipe", GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    ASSERT_NE(pipe, INVALID_HANDLE_VALUE);
+    const int otherEnd = open("pipe", O_RDWR | O_NONBLOCK);
+    ASSERT_NE(otherEnd, -1);
+    char text[4] = {};
+    DWORD count = 77;
+    {
+        const Interruptions interruptions;
+        EXPECT_EQ(ReadFile(pipe, text, 4, &count, nullptr), 0);
+        EXPECT_EQ(errno, EINTR);
+        EXPECT_EQ(count, 77U);
+    }
+    ASSERT_EQ(write(otherEnd, "text", 4), 4);
+    EXPECT_EQ(ReadFile(pipe, text, 4, &count, nullptr), 1);
+    EXPECT_EQ(std::string(text, 4), "text");
+    EXPECT_EQ(count, 4U);
+
+    // More than a pipe holds.
+    std::string more(1 << 20, 'm');
+    count = 77;
+    {
+        const Interruptions interruptions;
+        EXPECT_EQ(WriteFile(pipe, more.data(), static_cast<DWORD>(more.size()), &count, nullptr), 0);
+        EXPECT_EQ(errno, EINTR);
+        EXPECT_EQ(count, 77U);
+    }
+    while (read(otherEnd, more.data(), more.size()) > 0)
+    {
+    }
+    EXPECT_EQ(CloseHandle(pipe), 1);
+    EXPECT_EQ(close(otherEnd), 0);
 }
 
 // ---- Interrupted and partial readings and writings -----------------------------------------------------------------

@@ -132,7 +132,8 @@ KEST_API wchar_t* PathCombineW(wchar_t* destination, const wchar_t* directory, c
 
 /**
  * Matches a name with a pattern as the shell does, upper and lower case being the same. "*" also matches "/", and
- * a leading "." needs no "." in the pattern.
+ * a leading "." needs no "." in the pattern. What does not match by characters is tried by bytes: "????" matches two
+ * characters of two bytes each.
  * @param file     the name; its multibyte form is cut after 4095 bytes.
  * @param pattern  the pattern; its multibyte form is cut after 254 bytes.
  * @return 1 for a match, else 0.

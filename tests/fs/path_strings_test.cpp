@@ -299,6 +299,14 @@ TEST(PathStrings, MatchSpecStopsAtWhatTheLocaleCannotEncode)
     EXPECT_EQ(errno, 77);
 }
 
+TEST(PathStrings, MatchSpecTriesBytesWhereCharactersDoNotMatch)
+{
+    const ScopedLocale locale("C.UTF-8");
+    EXPECT_EQ(PathMatchSpecW(L"\u00e9\u00e9", L"??"), 1);
+    EXPECT_EQ(PathMatchSpecW(L"\u00e9\u00e9", L"???"), 0);
+    EXPECT_EQ(PathMatchSpecW(L"\u00e9\u00e9", L"????"), 1);
+}
+
 TEST(PathMatchSpecW, TakesOnePatternOnly)
 {
     EXPECT_EQ(PathMatchSpecW(L"a.txt", L"*.txt;*.doc"), 0);

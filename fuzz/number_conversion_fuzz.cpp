@@ -2,7 +2,9 @@
 #include "fuzzing.h"
 #include "kest/crt/numbers.h"
 
+#include <cerrno>
 #include <clocale>
+#include <cmath>
 #include <cwctype>
 #include <limits>
 
@@ -126,6 +128,65 @@ void checkNumberToText(FuzzedDataProvider& data)
     require(largeOutput == leftBySizedWide(size, widened(asLarge)), "_i64tow_s");
     const auto unsignedLarge = static_cast<unsigned long long>(large);
     checkPlain(_ui64toa, _ui64tow, unsignedLarge, radix, digits(unsignedLarge, 10), "_ui64toa, _ui64tow");
+}
+
+// What _fcvt gives but for the sign: the digits and where the decimal point is.
+struct FloatDigits
+{
+    std::string text;
+    int point = 0;
+};
+
+// The number with so many decimals, 17 at most. A negative count moves the point to the left for as long as a digit
+// stays before it, and puts zeros in its place. Without an integral part the zeros in front are left out, and numbers
+// that are not finite are no digits.
+FloatDigits digitsOf(double value, int count)
+{
+    constexpr int mostDecimals = 17;
+    double number = std::isfinite(value) ? std::fabs(value) : value;
+    std::size_t zeros = 0;
+    for (; count < 0 && number * 0.1 >= 1 && std::isfinite(value); ++count)
+    {
+        number *= 0.1;
+        ++zeros;
+    }
+    char printed[512];
+    std::snprintf(printed, sizeof(printed), "%.*f", std::clamp(count, 0, mostDecimals), number);
+    FloatDigits result = {printed, 0};
+    if (!std::isfinite(value))
+    {
+        return result;
+    }
+    const std::size_t end = result.text.find('.');
+    result.point = static_cast<int>(std::min(end, result.text.size()) + zeros);
+    result.text.append(zeros, '0');
+    if (end == std::string::npos)
+    {
+        return result;
+    }
+    result.text.erase(end, 1);
+    if (end == 1 && result.text[0] == '0' && number != 0)
+    {
+        const std::size_t first = std::min(result.text.find_first_not_of('0'), result.text.size());
+        result.text.erase(0, first);
+        result.point -= static_cast<int>(first);
+    }
+    return result;
+}
+
+void checkFloatToText(FuzzedDataProvider& data)
+{
+    const double value = data.ConsumeBool() ? data.ConsumeFloatingPoint<double>()
+                                            : data.ConsumeFloatingPointInRange<double>(-2000000, 2000000);
+    const int count = data.ConsumeIntegralInRange<int>(-20, 24);
+    const FloatDigits expected = digitsOf(value, count);
+    int point = 77;
+    int sign = 77;
+    errno = 77;
+    require(_fcvt(value, count, &point, &sign) == expected.text, "_fcvt's digits");
+    require(errno == 77, "_fcvt's last error");
+    require(point == expected.point, "_fcvt's decimal point");
+    require((sign != 0) == (std::isfinite(value) && std::signbit(value)), "_fcvt's sign");
 }
 
 // ---- Text to number --------------------------------------------------------------------------------------------
@@ -264,6 +325,40 @@ void checkFloat(FuzzedDataProvider& data)
     require(_wtof(widened((negative ? " -" : "") + text + rest).c_str()) == (negative ? -value : value), "_wtof");
 }
 
+// Any text: what is not ASCII is white space in front, or the number's end.
+void checkAnyFloat(FuzzedDataProvider& data)
+{
+    static const wchar_t* const pieces[] = {
+        L"1",  L"23", L"0",      L".",      L"e",     L"E-",  L"e+30",  L"e999", L"+",     L"-",
+        L"0x", L"p",  L"p-1",    L"aF",     L"P2000", L"inf", L"nan",   L"NaN(", L"inity", L"_1)",
+        L" ",  L"\t", L"\u3000", L"\u00e9", L",",     L"x",   L"e-320", L"9999", L"00000", L"e-9999"};
+    std::wstring text;
+    for (int left = data.ConsumeIntegralInRange<int>(0, 10); left > 0; --left)
+    {
+        text += pieces[data.ConsumeIntegralInRange<std::size_t>(0, std::size(pieces) - 1)];
+    }
+    text += kest::fuzz::wideText(data, 20, L"0123456789.eE+-xXpPaf");
+    std::string read;
+    bool inFront = true;
+    for (const wchar_t character : text)
+    {
+        inFront = inFront && std::iswspace(static_cast<std::wint_t>(character)) != 0;
+        if (!inFront && character > 0x7F)
+        {
+            break;
+        }
+        read += inFront ? ' ' : static_cast<char>(character);
+    }
+    errno = 77;
+    const double expected = std::strtod(read.c_str(), nullptr);
+    const int expectedError = errno;
+    errno = 77;
+    const double number = _wtof(text.c_str());
+    require(errno == expectedError, "_wtof's last error");
+    require(std::isnan(expected) ? std::isnan(number) : number == expected, "_wtof of any text");
+    require(std::signbit(number) == std::signbit(expected), "the sign of _wtof of any text");
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size);
@@ -277,5 +372,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     checkIntegers(data.ConsumeBool() ? kest::fuzz::wideText(data, 90, L"0123456789-+ \txXabfg\u3000\u00e9")
                                      : kest::fuzz::textOfRuns<wchar_t>(data, 80, L" -+0x179aF"),
                   inUtf8);
+    checkAnyFloat(data);
+    checkFloatToText(data);
     return 0;
 }

@@ -4,6 +4,7 @@
 
 #include "fuzzing.h"
 
+#include <cerrno>
 #include <string>
 #include <vector>
 
@@ -213,9 +214,12 @@ void checkBoundedSplit(Function& split, const std::basic_string<CharT>& path, Fu
                                 sizedOutput<CharT>(data, 40), sizedOutput<CharT>(data, 40)};
     SizedOutputs<CharT> expected = {fresh(ours.drive), fresh(ours.dir), fresh(ours.fname), fresh(ours.ext)};
     std::string printed;
-    const int expectedResult = modelOfBoundedSplit(path, expected, printed);
-    const int result = split(path.c_str(), ours.drive.data(), ours.drive.size, ours.dir.data(), ours.dir.size,
-                             ours.fname.data(), ours.fname.size, ours.ext.data(), ours.ext.size);
+    const bool isNull = data.ConsumeIntegralInRange<int>(0, 31) == 1;
+    const int expectedResult = isNull ? 1 : modelOfBoundedSplit(path, expected, printed);
+    errno = 77;
+    const int result = split(isNull ? nullptr : path.c_str(), ours.drive.data(), ours.drive.size, ours.dir.data(),
+                             ours.dir.size, ours.fname.data(), ours.fname.size, ours.ext.data(), ours.ext.size);
+    require(errno == 77, "last error");
     require(result == expectedResult, "result");
     require(ours.drive.buffer == expected.drive.buffer, "drive");
     require(ours.dir.buffer == expected.dir.buffer, "directory");

@@ -5,6 +5,9 @@
 #include "kest/shell_paths.h"
 
 #include <algorithm>
+#include <cerrno>
+#include <climits>
+#include <clocale>
 #include <cwctype>
 
 namespace
@@ -102,7 +105,7 @@ void checkShortPath(const std::wstring& path, std::size_t size)
     require(buffer == expected, "GetShortPathNameW's text");
 }
 
-// Stars and question marks only: what else patterns may hold is the C library's.
+// Stars, question marks and backslashes only: what stands in brackets is the C library's.
 bool matches(const wchar_t* text, const wchar_t* pattern)
 {
     if (*pattern == L'*')
@@ -113,8 +116,10 @@ bool matches(const wchar_t* text, const wchar_t* pattern)
     {
         return *text == *pattern;
     }
+    const bool literal = *pattern == L'\\';
+    pattern += literal ? 1 : 0;
     const auto lower = [](wchar_t character) { return std::towlower(static_cast<wint_t>(character)); };
-    return (*pattern == L'?' || lower(*text) == lower(*pattern)) && matches(text + 1, pattern + 1);
+    return ((*pattern == L'?' && !literal) || lower(*text) == lower(*pattern)) && matches(text + 1, pattern + 1);
 }
 
 void checkMatch(FuzzedDataProvider& data)
@@ -132,11 +137,81 @@ void checkMatch(FuzzedDataProvider& data)
             "PathMatchSpecW");
 }
 
+// The bytes of a text's encoded form, those beyond ASCII as private characters, which have no case.
+std::wstring encoded(const std::wstring& text)
+{
+    constexpr wchar_t firstByte = 0xF0000;
+    std::wstring bytes;
+    for (const wchar_t character : text)
+    {
+        char sequence[MB_LEN_MAX];
+        const int length = std::wctomb(sequence, character);
+        for (int index = 0; index < length; ++index)
+        {
+            const auto byte = static_cast<unsigned char>(sequence[index]);
+            bytes += static_cast<wchar_t>(byte < 0x80 ? byte : firstByte + byte);
+        }
+    }
+    return bytes;
+}
+
+// The characters in front whose encoded form has up to so many bytes together.
+std::wstring cutToBytes(const std::wstring& text, std::size_t bytes)
+{
+    std::size_t end = 0;
+    std::size_t used = 0;
+    for (; end < text.size(); ++end)
+    {
+        used += encoded(text.substr(end, 1)).size();
+        if (used > bytes)
+        {
+            break;
+        }
+    }
+    return text.substr(0, end);
+}
+
+// What does not match by characters the C library tries by bytes.
+bool matchesEncoded(const std::wstring& text, const std::wstring& pattern)
+{
+    return matches(text.c_str(), pattern.c_str()) || matches(encoded(text).c_str(), encoded(pattern).c_str());
+}
+
+// Lengths around and beyond those that are looked at, and characters of every kind. The C library takes exponential
+// time for many stars: only some stay.
+void checkLongMatch(FuzzedDataProvider& data)
+{
+    constexpr std::size_t longestPattern = 254;
+    constexpr std::size_t longestFile = 4095;
+    constexpr std::ptrdiff_t mostStars = 2;
+    const std::wstring ordinary = L"aAb./!]\u00e9\u00c9\u6f22\U0001f600";
+    std::wstring pattern = kest::fuzz::textOfRuns<wchar_t>(data, 300, ordinary + L"**???\\[");
+    const bool hasStars = pattern.find(L'*') != std::wstring::npos;
+    const std::wstring file = data.ConsumeBool()
+                                  ? kest::fuzz::textOfRuns<wchar_t>(data, hasStars ? 320 : 1500, ordinary + L"[\\")
+                                  : pattern + kest::fuzz::textOfRuns<wchar_t>(data, 3, ordinary);
+    std::ptrdiff_t stars = 0;
+    std::replace_if(
+        pattern.begin(), pattern.end(), [&](wchar_t character) { return character == L'*' && ++stars > mostStars; },
+        L'?');
+    errno = 77;
+    const BOOL result = PathMatchSpecW(file.c_str(), pattern.c_str());
+    require(errno == 77, "PathMatchSpecW's last error");
+    const std::wstring cutPattern = cutToBytes(pattern, longestPattern);
+    if (cutPattern.find(L'[') == std::wstring::npos)
+    {
+        require(result == (matchesEncoded(cutToBytes(file, longestFile), cutPattern) ? 1 : 0),
+                "PathMatchSpecW of long text");
+    }
+    require(result == 0 || result == 1, "PathMatchSpecW's result");
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size);
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
 {
+    [[maybe_unused]] static const char* const locale = std::setlocale(LC_ALL, "C.UTF-8");
     FuzzedDataProvider data(bytes, size);
     const std::wstring first = kest::fuzz::wideText(data, 48, L"///abc.\\");
     const std::wstring second = kest::fuzz::wideText(data, 48, L"///abc.\\");
@@ -146,5 +221,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     checkCombine(first, second, data.ConsumeIntegralInRange<int>(0, 2));
     checkShortPath(first, data.ConsumeIntegralInRange<std::size_t>(0, 64));
     checkMatch(data);
+    checkLongMatch(data);
     return 0;
 }

@@ -2,6 +2,8 @@
 #include "fuzzing.h"
 #include "kest/crt/path_splitting.h"
 
+#include <cerrno>
+
 namespace
 {
 
@@ -47,13 +49,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     FuzzedDataProvider data(bytes, size);
     const std::string path = data.ConsumeBool() ? kest::fuzz::narrowText(data, 64, "//ab..\\%")
                                                 : kest::fuzz::textOfRuns<char>(data, 300, "/a.");
-    const Split expected = model(path);
+    const bool isNull = data.ConsumeIntegralInRange<int>(0, 31) == 1;
+    const Split expected = isNull ? Split() : model(path);
     const std::size_t room = path.size() + 1;
     Narrow drive(room);
     Narrow dir(room);
     Narrow fname(room);
     Narrow ext(room);
-    _splitpath(path.c_str(), drive.data(), dir.data(), fname.data(), ext.data());
+    errno = 77;
+    _splitpath(isNull ? nullptr : path.c_str(), drive.data(), dir.data(), fname.data(), ext.data());
+    kest::fuzz::require(errno == 77, "last error");
     kest::fuzz::require(drive == Narrow(room, ""), "drive");
     kest::fuzz::require(dir == Narrow(room, expected.dir), "directory");
     kest::fuzz::require(fname == Narrow(room, expected.fname), "name");

@@ -2,6 +2,7 @@
 #include "fuzzing.h"
 #include "kest/crt/path_splitting.h"
 
+#include <cerrno>
 #include <optional>
 
 namespace
@@ -115,8 +116,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     Wanted ext(data.ConsumeBool(), 256);
     const std::wstring path = data.ConsumeBool() ? kest::fuzz::wideText(data, 64, L"/\\ab..%")
                                                  : kest::fuzz::textOfRuns<wchar_t>(data, 1200, L"/\\a.");
-    _wsplitpath(path.c_str(), drive.data(), dir.data(), fname.data(), ext.data());
-    const Split expected = model(path, nameIsWanted);
+    const bool isNull = data.ConsumeIntegralInRange<int>(0, 31) == 1;
+    errno = 77;
+    _wsplitpath(isNull ? nullptr : path.c_str(), drive.data(), dir.data(), fname.data(), ext.data());
+    kest::fuzz::require(errno == 77, "last error");
+    const Split expected = isNull ? Split() : model(path, nameIsWanted);
     drive.check(L"", "drive");
     dir.check(expected.dir, "directory");
     fname.check(expected.fname, "name");

@@ -3,6 +3,8 @@
 #include "kest/crt/strings.h"
 #include "kest/kernel/strings.h"
 
+#include <cerrno>
+
 namespace
 {
 
@@ -158,6 +160,11 @@ void checkNarrowAppendOfWideName(const Case& given)
     Narrow destination(room, given.narrowBefore);
     require(wcsncat(destination.data(), given.narrowSource.c_str(), given.longCount) != nullptr, "wcsncat's result");
     require(destination == Narrow(room, given.narrowBefore), "wcsncat");
+    // The locale, which is "C", reads ASCII only.
+    const std::string all = given.narrowBefore + given.narrowSource;
+    const bool readable = std::all_of(all.begin(), all.end(), [](char c) { return static_cast<signed char>(c) > 0; });
+    require(errno == (readable ? 77 : EILSEQ), "wcsncat's last error");
+    errno = 77;
 }
 
 // ---- Narrow copies that pad ------------------------------------------------------------------------------------
@@ -279,7 +286,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     const Case given(data);
     for (const auto check : checks)
     {
+        errno = 77;
         check(given);
+        require(errno == 77, "last error");
     }
     return 0;
 }

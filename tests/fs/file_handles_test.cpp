@@ -442,7 +442,7 @@ TEST(GetFileInformationByHandle, TellsNoAttributes)
     EXPECT_EQ(info.dwFileAttributes, 0U);
 }
 
-TEST(GetFileInformationByHandle, TellsAPipesUnknownSizeInTheLowPart)
+TEST(FileHandles, TellAPipesUnknownSizeInTheLowPart)
 {
     FILE* const pipe = popen("true", "r");
     ASSERT_NE(pipe, nullptr);

@@ -48,12 +48,15 @@ build_packages=(g++ cmake ninja-build ccache libsqlite3-dev)
 test_packages=(googletest libglib2.0-dev python3 llvm-14-dev python3-clang-14 libclang-14-dev clang-format clang
     pkg-config dpkg-dev file g++-mingw-w64-x86-64 abigail-tools)
 
+# Beside what the preset says.
+configure_options=()
+
 # Configures and builds a preset; further arguments go to the build.
 build_preset() {
     local preset=$1
     shift
     step "configuring $preset"
-    cmake --preset "$preset" -DKEST_BUILD_TESTS=ON >/dev/null
+    cmake --preset "$preset" -DKEST_BUILD_TESTS=ON "${configure_options[@]}" >/dev/null
     step "building $preset"
     cmake --build --preset "$preset" "$@"
 }

@@ -260,7 +260,7 @@ protected:
     wchar_t name[100] = {};
 };
 
-TEST_F(HostRegistry, KeepsWhatItHasWithoutMemory)
+TEST_F(HostRegistry, KeepsItsValuesWithoutMemory)
 {
     static const BYTE newData[] = "new data of the value, which is longer than the old";
     expectEveryFailureHandled(std::vector<AllocatingCall>{
@@ -281,11 +281,26 @@ TEST_F(HostRegistry, KeepsWhatItHasWithoutMemory)
                 }
             }),
         operation(
+            "RegDeleteValueW", [this] { return service->RegDeleteValueW(key, L"Value"); },
+            [this](bool succeeded) { EXPECT_EQ(valueOnDisk(), succeeded ? "none" : "old data of a value"); }),
+    });
+}
+
+TEST_F(HostRegistry, KeepsItsKeysWithoutMemory)
+{
+    expectEveryFailureHandled(std::vector<AllocatingCall>{
+        operation(
             "RegDeleteKeyW", [this] { return service->RegDeleteKeyW(HKEY_CURRENT_USER, path); },
             [this](bool succeeded) { EXPECT_EQ(valueOnDisk(), succeeded ? "none" : "old data of a value"); }),
         operation(
             "RegDeleteKeyExW", [this] { return service->RegDeleteKeyExW(HKEY_CURRENT_USER, path, 0, 0); },
             [this](bool succeeded) { EXPECT_EQ(valueOnDisk(), succeeded ? "none" : "old data of a value"); }),
+    });
+}
+
+TEST_F(HostRegistry, MakesNoKeysWithoutMemory)
+{
+    expectEveryFailureHandled(std::vector<AllocatingCall>{
         operation(
             "RegCreateKeyW", [this] { return service->RegCreateKeyW(key, L"Deeper\\And deeper still", &child); },
             [this](bool succeeded)
@@ -293,9 +308,6 @@ TEST_F(HostRegistry, KeepsWhatItHasWithoutMemory)
                 EXPECT_EQ(child != nullptr, succeeded);
                 EXPECT_EQ(valueOnDisk(), "old data of a value");
             }),
-        operation(
-            "RegDeleteValueW", [this] { return service->RegDeleteValueW(key, L"Value"); },
-            [this](bool succeeded) { EXPECT_EQ(valueOnDisk(), succeeded ? "none" : "old data of a value"); }),
         operation(
             "RegCreateKeyExW",
             [this]
@@ -311,17 +323,12 @@ TEST_F(HostRegistry, KeepsWhatItHasWithoutMemory)
     });
 }
 
-TEST_F(HostRegistry, AnswersWhatItHasOrItsWantOfMemory)
+TEST_F(HostRegistry, AnswersItsValuesOrItsWantOfMemory)
 {
     const auto readValue = [this] { return service->RegQueryValueExW(key, L"Value", nullptr, nullptr, data, &size); };
     const auto stays = [this](bool) { EXPECT_EQ(valueOnDisk(), "old data of a value"); };
     expectEveryFailureHandled(std::vector<AllocatingCall>{
         operation("RegQueryValueExW", readValue, stays),
-        operation(
-            "RegOpenKeyExW",
-            [this] { return service->RegOpenKeyExW(HKEY_CURRENT_USER, L"Software", 0, KEY_READ, &opened); }, stays),
-        operation(
-            "RegOpenKeyW", [this] { return service->RegOpenKeyW(HKEY_CURRENT_USER, path, &opened); }, stays),
         operation(
             "RegQueryValueW",
             [this]
@@ -330,6 +337,26 @@ TEST_F(HostRegistry, AnswersWhatItHasOrItsWantOfMemory)
                 return service->RegQueryValueW(HKEY_CURRENT_USER, path, name, &length);
             },
             stays),
+        operation(
+            "RegEnumValueW",
+            [this]
+            {
+                DWORD length = 100;
+                return service->RegEnumValueW(key, 0, name, &length, nullptr, nullptr, nullptr, nullptr);
+            },
+            stays),
+    });
+}
+
+TEST_F(HostRegistry, AnswersItsKeysOrItsWantOfMemory)
+{
+    const auto stays = [this](bool) { EXPECT_EQ(valueOnDisk(), "old data of a value"); };
+    expectEveryFailureHandled(std::vector<AllocatingCall>{
+        operation(
+            "RegOpenKeyExW",
+            [this] { return service->RegOpenKeyExW(HKEY_CURRENT_USER, L"Software", 0, KEY_READ, &opened); }, stays),
+        operation(
+            "RegOpenKeyW", [this] { return service->RegOpenKeyW(HKEY_CURRENT_USER, path, &opened); }, stays),
         operation(
             "RegQueryInfoKeyW",
             [this]
@@ -341,14 +368,6 @@ TEST_F(HostRegistry, AnswersWhatItHasOrItsWantOfMemory)
             stays),
         operation(
             "RegEnumKeyW", [this] { return service->RegEnumKeyW(HKEY_CURRENT_USER, 0, name, 100); }, stays),
-        operation(
-            "RegEnumValueW",
-            [this]
-            {
-                DWORD length = 100;
-                return service->RegEnumValueW(key, 0, name, &length, nullptr, nullptr, nullptr, nullptr);
-            },
-            stays),
         operation(
             "RegEnumKeyExW",
             [this]

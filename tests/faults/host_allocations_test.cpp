@@ -414,7 +414,7 @@ TEST(HostCodePages, AreNotKnownWithoutMemory)
                               .call = [&service, page] { return static_cast<long>(service.IsValidCodePage(page)); },
                               .success = valid,
                               .failure = 0,
-                              .check = [valid](bool succeeded)
+                              .check = [](bool succeeded)
                               { EXPECT_TRUE(errno == notEnoughMemory || (succeeded && errno == untouched)) << errno; },
                               .prepare = [] { errno = untouched; }};
     };

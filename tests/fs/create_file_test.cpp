@@ -278,17 +278,16 @@ void expectDecision(const Decision& row, DWORD share)
     EXPECT_EQ(access("absent", F_OK) == 0, std::string(row.absent) != "-") << what << ", absent";
     unlink("absent");
 
-    makeFile("file", 0600);
-    EXPECT_EQ(outcome(L"file"), row.file) << what << ", file";
-    unlink("file");
-
-    makeFile("read-only", 0400);
-    EXPECT_EQ(outcome(L"read-only"), row.readOnly) << what << ", read-only";
-    unlink("read-only");
-
-    makeFile("write-only", 0200);
-    EXPECT_EQ(outcome(L"write-only"), row.writeOnly) << what << ", write-only";
-    unlink("write-only");
+    const auto outcomeOfFile = [&](mode_t mode)
+    {
+        makeFile("file", mode);
+        const std::string opened = outcome(L"file");
+        unlink("file");
+        return opened;
+    };
+    EXPECT_EQ(outcomeOfFile(0600), row.file) << what << ", file";
+    EXPECT_EQ(outcomeOfFile(0400), row.readOnly) << what << ", read-only";
+    EXPECT_EQ(outcomeOfFile(0200), row.writeOnly) << what << ", write-only";
 
     EXPECT_EQ(outcomeOfLocked(row, share, 0600), row.locked) << what << ", locked";
     EXPECT_EQ(outcomeOfLocked(row, share, 0200), row.lockedWriteOnly) << what << ", locked and write-only";

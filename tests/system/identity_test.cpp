@@ -121,28 +121,27 @@ TEST(Identity, NamesTheRealUser)
     EXPECT_EQ(out.contents(), Buffer::startingWith(std::wstring(name.begin(), name.end())));
 }
 
-TEST(Identity, TerminatesLoginNamesThatHaveMoreBytesThanCharacters)
+// A login name of five bytes and four characters.
+void expectLoginName(const char* localeName, DWORD expectedSize, const std::wstring& expected)
 {
-    const kest::test::ScopedLocale locale("C.UTF-8");
+    const kest::test::ScopedLocale locale(localeName);
     pretendedLogin = "j\u00f6rg";
     Buffer out;
     DWORD size = 1234;
     EXPECT_EQ(GetUserNameW(out.data(), &size), 1);
-    EXPECT_EQ(size, 4U);
-    EXPECT_EQ(out.contents(), Buffer::startingWith(L"j\u00f6rg" + std::wstring(1, L'\0')));
+    EXPECT_EQ(size, expectedSize);
+    EXPECT_EQ(out.contents(), Buffer::startingWith(expected));
     pretendedLogin.reset();
+}
+
+TEST(Identity, TerminatesLoginNamesThatHaveMoreBytesThanCharacters)
+{
+    expectLoginName("C.UTF-8", 4, L"j\u00f6rg" + std::wstring(1, L'\0'));
 }
 
 TEST(Identity, CountsNoCharactersOfLoginNamesThatTheLocaleCannotConvert)
 {
-    const kest::test::ScopedLocale locale("C");
-    pretendedLogin = "j\u00f6rg";
-    Buffer out;
-    DWORD size = 1234;
-    EXPECT_EQ(GetUserNameW(out.data(), &size), 1);
-    EXPECT_EQ(size, 0xFFFFFFFFU);
-    EXPECT_EQ(out.contents(), Buffer::startingWith(L"j"));
-    pretendedLogin.reset();
+    expectLoginName("C", 0xFFFFFFFF, L"j");
 }
 
 TEST(Identity, HasNoNameForAnUnknownUser)
